@@ -1,0 +1,14 @@
+# kov_layer(NAME [DEPENDS LAYER...]): the library of src/NAME. Linking follows the layers, so an upward
+# call does not link; the include test in tests/architecture finds upward includes.
+function(kov_layer name)
+  cmake_parse_arguments(LAYER "" "" "DEPENDS" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/${name}/*.cpp)
+  list(TRANSFORM LAYER_DEPENDS PREPEND kov_)
+  if(sources)
+    add_library(kov_${name} STATIC ${sources})
+    target_link_libraries(kov_${name} PUBLIC ${LAYER_DEPENDS} kov_flags)
+  else()
+    add_library(kov_${name} INTERFACE)
+    target_link_libraries(kov_${name} INTERFACE ${LAYER_DEPENDS} kov_flags)
+  endif()
+endfunction()

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+
+#include "algadd/algadd.h"
+#include "config/cphclass.h"
+#include "interact/user.h"
+#include "lattice/key_box.h"
+#include "lattice/lmap.h"
+
+namespace kov {
+
+/// What a run deletes after every step.
+enum class RunMode {
+  keep = 0,             ///< nothing
+  all_but_last = 1,     ///< all rows but the new one
+  outside_ranges = 2,   ///< in earlier rows, what lies outside the ranges
+  tracking = 3,         ///< likewise, and the smallest points of the new row when memory runs short
+};
+
+struct RunRequest {
+  int table = 0;
+  RunMode mode = RunMode::keep;
+  /// Stands at the head of the step count's dialog.
+  std::string intro;
+  /// Negative: the person is asked.
+  std::int32_t steps = -1;
+};
+
+/// Perform Algadd: row by row from the last one on, by the table of the request, until the steps are
+/// done, Break is pressed, the memory limit is passed or an error ends the run. keep holds the ranges
+/// outside of which the modes 2 and 3 delete. Errors inside the step loop are reported, and the row
+/// under construction is deleted; nothing escapes but what the dialog throws. Cost: O(points of the row
+/// x used entries x log) a step.
+///
+/// Gives true when the run changed or may have changed the store.
+bool perform_algadd(Algadd& algadd, Lmap& lmap, const cphclass& cph, std::span<const KeyBox> keep,
+                    const RunRequest& request, User user);
+
+}  // namespace kov

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <cstdint>
+
+#include "interact/user.h"
+#include "lattice/lmap.h"
+
+namespace kov {
+
+/// Deletes the given percent (0 ... 100, the number of points truncated) of the last row: the points
+/// of smallest squared modulus, and of equal ones those that come first in key order. Shows progress
+/// every 10 000 points. Nothing on an empty store. O(M log M) for M points of the row.
+void delete_smallest_of_nlast(Lmap& lmap, std::int32_t percent, Progress& progress);
+
+}  // namespace kov

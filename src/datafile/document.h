@@ -1,0 +1,55 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <filesystem>
+#include <string>
+
+#include "algadd/algadd.h"
+#include "config/cphclass.h"
+#include "lattice/lmap.h"
+#include "lattice/slice_view.h"
+#include "sums/range_tables.h"
+
+namespace kov {
+
+/// Number of curves whose states a data file keeps.
+inline constexpr int nyabs_max = 99;
+/// How each curve of the stacked graph is drawn: 0 not, 1 blue, 2 red.
+using CurveStates = std::array<std::int8_t, nyabs_max>;
+
+/// Everything that a data file holds.
+struct Document {
+  explicit Document(Messages& messages) : cph(messages) {}
+
+  cphclass cph;
+  Lmap lmap;
+  /// True while the store holds 1/q for every quantity q.
+  bool inverted = false;
+  Algadd algadd;
+  RangeTables ranges;
+  SliceView slice;
+  CurveStates curve_states{};
+  /// The Comment page's text; its lines end with CR LF.
+  std::string comment;
+
+  /// Lattices, tables, view and comment as at start-up; parameters stay.
+  void reset_data();
+};
+
+/// Which file is worked on.
+struct CurrentFile {
+  /// Absolute once a file was chosen.
+  std::filesystem::path path = "a.aa1";
+  /// Set by a complete read or a confirmed save dialog.
+  bool chosen = false;
+
+  /// The name without its folder, as progress texts and the file itself show it.
+  std::string name() const { return path.filename().string(); }
+};
+
+inline constexpr const char* data_extension = "aa1";
+/// Looked up in the current directory.
+inline constexpr const char* uniform_file_name = "kovcfg.aa1";
+
+}  // namespace kov

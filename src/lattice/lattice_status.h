@@ -1,0 +1,27 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+#include "lattice/lmap.h"
+
+namespace kov {
+
+/// "nlast = 5 (176.000 KB = 1000e)", or " Lattices are empty. ".
+std::string status_line(const Lmap& lmap);
+
+inline constexpr const char* lattices_are_empty = " Lattices are empty. ";
+
+/// The smallest and largest value of each of the 32 key integers, and a counter for each. Of an empty
+/// store the minima are the largest and the maxima the smallest 32-bit integer.
+struct BoundingBox {
+  Lk min = Lk::filled(highest_int);
+  Lk max = Lk::filled(lowest_int);
+  std::array<std::int32_t, MaxDimCount> counters{};
+};
+
+/// One pass over the store.
+BoundingBox bounding_box(const Lmap& lmap);
+
+}  // namespace kov
