@@ -5,6 +5,7 @@
 #include <string>
 
 #include "lattice/lmap.h"
+#include "text/integers.h"
 
 namespace kov {
 
