@@ -1,0 +1,108 @@
+#include "sums/range_sums.h"
+
+#include <algorithm>
+#include <string>
+
+#include "numbers/checked_integer.h"
+#include "text/integers.h"
+
+namespace kov {
+namespace {
+
+// The squares stay a real number until the end: their imaginary part is an exact zero throughout.
+struct Accumulator {
+  std::int64_t count = 0;
+  cotyp q;
+  ratyp squares;
+
+  void add(const cotyp& point, const ratyp& square) {
+    ++count;
+    q += point;
+    squares += square;
+  }
+};
+
+using Accumulators = std::array<Accumulator, sum_row_count>;
+
+// The quotient squares its divisor on the way; a square beyond the largest double would make a small
+// ratio of large numbers look like zero.
+cotyp finite_quotient(const cotyp& dividend, const cotyp& divisor) {
+  require_finite(cotyp(qq(divisor), 0));
+  const cotyp quotient = dividend / divisor;
+  require_finite(quotient);
+  return quotient;
+}
+
+// Every point is finite, so a sum that leaves the finite numbers is infinite and stays so: one test
+// behind the last point finds it.
+SumRow finished_row(const Accumulator& sums) {
+  SumRow row;
+  row.value[sum_cnt] = count_quantity(sums.count);
+  row.value[sum_q] = sums.q;
+  row.value[sum_qq] = cotyp(sums.squares, 0);
+  require_finite(row.value[sum_q]);
+  require_finite(row.value[sum_qq]);
+  if (sums.count != 0) {
+    row.value[sum_q_per_cnt] = finite_quotient(row.value[sum_q], row.value[sum_cnt]);
+    row.value[sum_qq_per_cnt] = finite_quotient(row.value[sum_qq], row.value[sum_cnt]);
+  }
+  return row;
+}
+
+void divide_by_row(SumRow& row, const SumRow& divisor, std::size_t divisor_index) {
+  if (is_zero(divisor.value[sum_cnt])) return;
+  for (std::size_t quantity = 0; quantity < sum_quantity_count; ++quantity) {
+    if (is_zero(divisor.value[quantity])) continue;
+    row.ratio[divisor_index][quantity] = finite_quotient(row.value[quantity], divisor.value[quantity]);
+  }
+}
+
+RangeSums finished(const Accumulators& accumulators) {
+  RangeSums sums;
+  std::transform(accumulators.begin(), accumulators.end(), sums.begin(), finished_row);
+  for (SumRow& row : sums) {
+    if (is_zero(row.value[sum_cnt])) continue;
+    for (std::size_t divisor = 0; divisor < sum_row_count; ++divisor) {
+      divide_by_row(row, sums[divisor], divisor);
+    }
+  }
+  return sums;
+}
+
+}  // namespace
+
+cotyp count_quantity(std::int64_t count) {
+  if (count <= nu_max_int) return static_cast<std::int32_t>(count);
+  return {ratyp::floating(static_cast<double>(count)), 0};
+}
+
+std::string sum_progress_text(std::int64_t point, std::int64_t count) {
+  return "lattice point " + int_text(point) + " of " + int_text(count) + " summed up";
+}
+
+std::optional<RangeSums> sum_ranges(const Lmap& lmap, const std::array<KeyBox, 2>& ranges,
+                                    std::int64_t points_per_display, Progress& progress) {
+  const auto count = static_cast<std::int64_t>(lmap.count());
+  const std::int64_t display_step = std::max<std::int64_t>(points_per_display, 1);
+  ProgressBox box(progress, 0, count);
+  Accumulators accumulators;
+  std::int64_t next_display = display_step;
+  const auto end = lmap.end();
+  for (auto place = lmap.begin(); place != end; ++place) {
+    const cotyp q = place.quantity();
+    const ratyp square = qq(q);
+    for (const std::size_t range : {sum_range1, sum_range2}) {
+      if (ranges[range].contains(place.key())) accumulators[range].add(q, square);
+    }
+    accumulators[sum_total].add(q, square);
+    if (const std::int64_t point = accumulators[sum_total].count; point == next_display) {
+      progress.headline(sum_progress_text(point, count));
+      box.at(point);
+      if (progress.break_requested()) return std::nullopt;
+      next_display += display_step;
+    }
+  }
+  return finished(accumulators);
+}
+
+}  // namespace kov
