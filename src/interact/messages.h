@@ -40,6 +40,8 @@ class Messages {
   virtual void ring() = 0;
 
  private:
+  void warn(const std::string& text, int level_of_box);
+
   int wl_ = 2;
 };
 
