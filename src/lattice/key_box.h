@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <span>
 
 #include "lattice/lk.h"
@@ -8,18 +9,28 @@ namespace kov {
 
 /// True when min[i] <= key[i] <= max[i] at every one of the 32 positions. There is no other notion of
 /// being inside a range.
-bool inside(const Lk& key, const Lk& min, const Lk& max);
+constexpr bool inside(const Lk& key, const Lk& min, const Lk& max) noexcept {
+  for (std::size_t i = 0; i < key.coo.size(); ++i) {
+    if (key.coo[i] < min.coo[i] || key.coo[i] > max.coo[i]) return false;
+  }
+  return true;
+}
 
 /// A range of keys by its two bounds, both inclusive; empty when a minimum exceeds its maximum.
 struct KeyBox {
   Lk min;
   Lk max;
 
-  bool contains(const Lk& key) const { return inside(key, min, max); }
+  constexpr bool contains(const Lk& key) const noexcept { return inside(key, min, max); }
   friend bool operator==(const KeyBox&, const KeyBox&) = default;
 };
 
 /// True when key lies inside any of the boxes.
-bool inside_any(const Lk& key, std::span<const KeyBox> boxes);
+constexpr bool inside_any(const Lk& key, std::span<const KeyBox> boxes) noexcept {
+  for (const KeyBox& box : boxes) {
+    if (box.contains(key)) return true;
+  }
+  return false;
+}
 
 }  // namespace kov

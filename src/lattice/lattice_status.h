@@ -14,8 +14,9 @@ std::string status_line(const Lmap& lmap);
 
 inline constexpr const char* lattices_are_empty = " Lattices are empty. ";
 
-/// The smallest and largest value of each of the 32 key integers, and a counter for each. Of an empty
-/// store the minima are the largest and the maxima the smallest 32-bit integer.
+/// The smallest and largest value of each of the 32 key integers, and a counter for each, which is 0
+/// here and the caller's to use. Of an empty store the minima are the largest and the maxima the smallest
+/// 32-bit integer.
 struct BoundingBox {
   Lk min = Lk::filled(highest_int);
   Lk max = Lk::filled(lowest_int);
@@ -23,6 +24,6 @@ struct BoundingBox {
 };
 
 /// One pass over the store.
-BoundingBox bounding_box(const Lmap& lmap);
+BoundingBox bounding_box(const Lmap& lmap) noexcept;
 
 }  // namespace kov

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -17,32 +18,57 @@ inline constexpr int l_position = 31;
 struct Lk {
   std::array<std::int32_t, MaxDimCount> coo{};
 
-  std::int32_t n() const { return coo[0]; }
-  std::int32_t l() const { return coo[l_position]; }
+  constexpr std::int32_t n() const noexcept { return coo[0]; }
+  constexpr std::int32_t l() const noexcept { return coo[l_position]; }
 
   /// Every integer the same value: the smallest or largest of all keys, for instance.
-  static Lk filled(std::int32_t value);
+  static constexpr Lk filled(std::int32_t value) noexcept {
+    Lk key;
+    for (std::int32_t& coordinate : key.coo) coordinate = value;
+    return key;
+  }
   /// Lattice l, step n, k1; all others 0.
-  static Lk at(std::int32_t l, std::int32_t n, std::int32_t k1 = 0);
+  static constexpr Lk at(std::int32_t l, std::int32_t n, std::int32_t k1 = 0) noexcept {
+    Lk key;
+    key.coo[0] = n;
+    key.coo[1] = k1;
+    key.coo[l_position] = l;
+    return key;
+  }
 
   friend bool operator==(const Lk&, const Lk&) = default;
 };
 
-/// The order of keys: lexicographic over coo[0] ... coo[30], the lattice index last.
-bool Lk1LessLk2(const Lk& a, const Lk& b);
+/// The order of keys: lexicographic over coo[0] ... coo[30], the lattice index last. Every search in the
+/// store spends its time here; keys mostly differ in one of the first integers.
+constexpr bool Lk1LessLk2(const Lk& a, const Lk& b) noexcept {
+  static_assert(l_position == MaxDimCount - 1, "the last tie-break is also the last integer of a key");
+  std::size_t i = 0;
+  while (i < l_position && a.coo[i] == b.coo[i]) ++i;
+  return a.coo[i] < b.coo[i];
+}
 
 /// Lk1LessLk2 as an ordering type.
 struct LkOrder {
-  bool operator()(const Lk& a, const Lk& b) const { return Lk1LessLk2(a, b); }
+  constexpr bool operator()(const Lk& a, const Lk& b) const noexcept { return Lk1LessLk2(a, b); }
 };
 
 /// a + b, which wraps in two's complement where it leaves 32 bits.
-constexpr std::int32_t wrapping_add(std::int32_t a, std::int32_t b) {
+constexpr std::int32_t wrapping_add(std::int32_t a, std::int32_t b) noexcept {
   return static_cast<std::int32_t>(static_cast<std::uint32_t>(a) + static_cast<std::uint32_t>(b));
 }
 
+/// a - b, likewise wrapping.
+constexpr std::int32_t wrapping_subtract(std::int32_t a, std::int32_t b) noexcept {
+  return static_cast<std::int32_t>(static_cast<std::uint32_t>(a) - static_cast<std::uint32_t>(b));
+}
+
 /// Every integer of a plus that of b, lattice index included, wrapping.
-Lk wrapping_add(const Lk& a, const Lk& b);
+constexpr Lk wrapping_add(const Lk& a, const Lk& b) noexcept {
+  Lk sum;
+  for (std::size_t i = 0; i < sum.coo.size(); ++i) sum.coo[i] = wrapping_add(a.coo[i], b.coo[i]);
+  return sum;
+}
 
 /// The row of a key position wherever keys are listed: l first, then n, k1, ... The argument is
 /// checked against 0 ... 31: a program error "sl_irow:icoo=" + it is reported and the value still

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <span>
 
@@ -11,8 +10,9 @@
 namespace kov {
 
 // Deleting, moving and choosing rows: a row is the set of points with one value of n, over all
-// lattices. Every operation that needs memory works on a copy and swaps it in, so a failed one leaves
-// the store as it was. Steps that leave 32 bits wrap.
+// lattices. Rows move by splicing, so that only CopyPart needs memory; when there is none it throws
+// std::bad_alloc and leaves the store as it was. Steps that leave 32 bits wrap. A count of rows, as in
+// "the last a rows", includes rows without points: the last a rows are those with n > nlast - a.
 
 /// A pair of bounds in key order: rows a ... b lie in [lower, upper).
 struct RowBounds {
@@ -25,7 +25,7 @@ struct RowBounds {
 RowBounds GetLowUpBound_2(const Lmap& lmap, std::int32_t a, std::int32_t b, Messages& messages);
 
 /// Erases every point with a <= n <= b; nothing, without a message, when a > b.
-void DeleteRows(Lmap& lmap, std::int32_t a, std::int32_t b);
+void DeleteRows(Lmap& lmap, std::int32_t a, std::int32_t b) noexcept;
 
 /// In the rows a <= n <= b, erases every point that lies in none of the boxes. When a > b,
 /// GetLowUpBound_2 reports it and nothing is erased.
@@ -34,26 +34,27 @@ void DeleteRowsOutsideRange(Lmap& lmap, std::int32_t a, std::int32_t b, std::spa
 
 /// Keeps the last a rows and moves them so that the first of them lands at row b; erases the rest.
 /// Nothing when a <= 0 or the store is empty.
-void ChooseLast(Lmap& lmap, std::int32_t a, std::int32_t b);
+void ChooseLast(Lmap& lmap, std::int32_t a, std::int32_t b) noexcept;
 
 /// Moves every point from n to n + a.
-void MoveAll(Lmap& lmap, std::int32_t a);
+void MoveAll(Lmap& lmap, std::int32_t a) noexcept;
 
 /// Moves the rows a ... b so that they start at c, over what was there; other rows stay. Nothing when
 /// a > b.
-void MovePart(Lmap& lmap, std::int32_t a, std::int32_t b, std::int32_t c);
+void MovePart(Lmap& lmap, std::int32_t a, std::int32_t b, std::int32_t c) noexcept;
 
 /// Copies the rows a ... b so that the copy starts at c. The destination rows are erased first, except
 /// rows a ... b themselves, which stay as they are and win. Nothing when a > b.
 void CopyPart(Lmap& lmap, std::int32_t a, std::int32_t b, std::int32_t c);
 
 /// Erases all but the last a rows (a >= 0); a = 0 erases everything.
-void DeleteAllButLast(Lmap& lmap, std::int32_t a);
+void DeleteAllButLast(Lmap& lmap, std::int32_t a) noexcept;
 
-/// Erases every point that lies neither in the last a rows nor in one of the boxes.
+/// Erases every point that lies neither in the last a rows nor in one of the boxes. Never reports: with a
+/// beyond the first row there is nothing to erase.
 void DeleteOutsideExceptLast(Lmap& lmap, std::int32_t a, std::span<const KeyBox> keep, Messages& messages);
 
 /// Keeps the rows a ... b, moved so that they start at c, and erases the rest. Nothing when a > b.
-void ChoosePart(Lmap& lmap, std::int32_t a, std::int32_t b, std::int32_t c);
+void ChoosePart(Lmap& lmap, std::int32_t a, std::int32_t b, std::int32_t c) noexcept;
 
 }  // namespace kov
