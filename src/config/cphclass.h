@@ -3,21 +3,14 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "config/mmi.h"
+#include "config/window_facts.h"
 #include "interact/messages.h"
 #include "text/tokens.h"
 
 namespace kov {
-
-/// What the catalogue takes from the main window when it is defined.
-struct WindowFacts {
-  std::int32_t height = 700;
-  std::int32_t width = 1000;
-  std::int32_t top = 0;
-  std::int32_t left = 0;
-  std::int32_t page_count = 9;
-};
 
 /// The parameter holder: the one owner of the catalogue, and of the words by which a data file names
 /// its lines. Reports misuse through Messages and never throws for it.
