@@ -41,14 +41,15 @@ void Lmap::set(const Lk& key, const cotyp& q) {
   }
 }
 
-void Lmap::add(const Lk& key, const cotyp& q) {
+cotyp Lmap::add(const Lk& key, const cotyp& q) {
   const auto place = place_of(key);
   if (!is_at(place, key)) {
     if (!is_zero(q)) points_.emplace_hint(place, key, q);
-    return;
+    return q;
   }
-  place->second += q;
-  if (is_zero(place->second)) points_.erase(place);
+  const cotyp sum = place->second += q;
+  if (is_zero(sum)) points_.erase(place);
+  return sum;
 }
 
 bool Lmap::insert_new(const Lk& key, const cotyp& q) {

@@ -73,8 +73,9 @@ class Lmap {
   bool contains(const Lk& key) const noexcept { return points_.contains(key); }
   /// Stores q at key; a zero erases the point.
   void set(const Lk& key, const cotyp& q);
-  /// Adds q at key: a sum that is zero erases the point, a zero is never inserted.
-  void add(const Lk& key, const cotyp& q);
+  /// Adds q at key: a sum that is zero erases the point, a zero is never inserted. Gives the sum, so that
+  /// who adds can test it without a second search.
+  cotyp add(const Lk& key, const cotyp& q);
   /// Stores q at key unless a point is there or q is zero; true when stored.
   bool insert_new(const Lk& key, const cotyp& q);
   /// Erases the point at key; true when there was one.
