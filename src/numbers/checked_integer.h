@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <utility>
 
 namespace kov {
 
@@ -13,19 +14,60 @@ inline constexpr std::int32_t nu_min_int = INT32_MIN + 1;
 /// negative.
 void require_negative_minimum(std::int32_t minimum);
 
-/// Set by the checked operations when a result leaves the exact range. Every exact operation clears
-/// it before its checked steps and reads it after them; one flag a thread.
+/// Set by the checked operations when a result leaves the exact range, and never cleared by them:
+/// every exact operation clears it before its checked steps and reads it after them; one flag a
+/// thread.
 inline constinit thread_local bool ratyp_overflow = false;
 
-/// a + b, or 1 with ratyp_overflow set. Operands of opposite sign (zero counts as either) are not
-/// tested against the range: such a sum always fits in 32 bits.
-std::int32_t add_checked(std::int32_t a, std::int32_t b);
+/// Records the overflow and gives the placeholder that stands for the lost result.
+inline std::int32_t integer_overflow() {
+  ratyp_overflow = true;
+  return 1;
+}
 
-/// a * b, or 1 with ratyp_overflow set.
-std::int32_t mul_checked(std::int32_t a, std::int32_t b);
+/// a + b, or 1 with ratyp_overflow set. A sum of operands of opposite sign always fits in 32 bits and
+/// is not tested against the range; a zero counts as opposite to anything, but for 0 + b with b < 0.
+inline std::int32_t add_checked(std::int32_t a, std::int32_t b) {
+  if (a > 0 && b > 0) return nu_max_int - b < a ? integer_overflow() : a + b;
+  if (a <= 0 && b < 0) return nu_min_int - b > a ? integer_overflow() : a + b;
+  return a + b;
+}
 
-/// Euclid's greatest common divisor of |a| and |b|; gcd(a, 0) = |a|. Unsigned, since the magnitude of
-/// the smallest 32-bit integer does not fit in a signed one.
-std::uint32_t gcd(std::int32_t a, std::int32_t b);
+/// a * b, or 1 with ratyp_overflow set. The quotient of the limit and one operand is what the other
+/// operand is compared with, so nothing ever overflows.
+inline std::int32_t mul_checked(std::int32_t a, std::int32_t b) {
+  bool allowed = false;
+  if (a > 0) {
+    allowed = b > 0 ? nu_max_int / b >= a : nu_min_int / a <= b;
+  } else if (b > 0) {
+    allowed = nu_min_int / b <= a;
+  } else {
+    if (b == 0) return 0;
+    allowed = nu_max_int / b <= a;
+  }
+  return allowed ? a * b : integer_overflow();
+}
+
+/// |a|. Unsigned, since the magnitude of the smallest 32-bit integer does not fit in a signed one.
+constexpr std::uint32_t magnitude(std::int32_t a) {
+  const auto bits = static_cast<std::uint32_t>(a);
+  return a < 0 ? 0U - bits : bits;
+}
+
+/// Euclid's greatest common divisor of |a| and |b|; gcd(a, 0) = |a|. At most 2147483648, and that only
+/// when neither has another magnitude than this or 0.
+constexpr std::uint32_t gcd(std::int32_t a, std::int32_t b) {
+  std::uint32_t x = magnitude(a);
+  std::uint32_t y = magnitude(b);
+  while (y != 0) x = std::exchange(y, x % y);
+  return x;
+}
+
+/// a / divisor, for a divisor that is not 0 and divides a; signed division cannot take the divisors
+/// above the largest signed integer that gcd may give.
+constexpr std::int32_t divide_exactly(std::int32_t a, std::uint32_t divisor) {
+  const std::uint32_t quotient = magnitude(a) / divisor;
+  return static_cast<std::int32_t>(a < 0 ? 0U - quotient : quotient);
+}
 
 }  // namespace kov

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <concepts>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -18,6 +19,9 @@ struct cotyp {
   constexpr cotyp() = default;
   /// The exact integer k.
   constexpr cotyp(std::int32_t k) : re(k) {}  // NOLINT(google-explicit-constructor): a number is a cotyp
+  /// A double never turns into an integer unnoticed; floating() is meant.
+  template <std::floating_point Float>
+  cotyp(Float) = delete;
   cotyp(const ratyp& real, const ratyp& imaginary) : re(real), im(imaginary) {}
   /// Two fractions, each reduced; throws ratyp_error when a denominator is 0.
   cotyp(std::int32_t re_nu, std::int32_t re_de, std::int32_t im_nu, std::int32_t im_de);
@@ -27,7 +31,8 @@ struct cotyp {
   cotyp& operator+=(const cotyp& b);
   cotyp& operator-=(const cotyp& b);
   cotyp& operator*=(const cotyp& b);
-  /// Throws ratyp_error when b is an exact zero; the left operand is then unchanged.
+  /// Throws ratyp_error, with the left operand unchanged, when both parts of b are exact zeros. A
+  /// division by a floating zero is not intercepted.
   cotyp& operator/=(const cotyp& b);
 
   friend bool operator==(const cotyp& a, const cotyp& b) { return a.re == b.re && a.im == b.im; }
@@ -39,7 +44,7 @@ inline cotyp operator*(cotyp a, const cotyp& b) { return a *= b; }
 inline cotyp operator/(cotyp a, const cotyp& b) { return a /= b; }
 
 /// Both parts equal to zero; a floating 0.0 counts as zero.
-bool is_zero(const cotyp& q);
+inline bool is_zero(const cotyp& q) { return q == cotyp(); }
 
 /// The squared magnitude re*re + im*im, exact while the parts are and nothing overflows.
 ratyp qq(const cotyp& q);
@@ -58,7 +63,7 @@ void require_finite(const cotyp& q);
 std::string to_text(const cotyp& q);
 
 /// The full text while it has at most width + 3 characters, else each part in its short form with half
-/// the width.
+/// the width, the real part of a quantity without imaginary part too.
 std::string to_text_short(const cotyp& q, int width);
 
 /// Reads the text form; leading and trailing blanks and control characters are skipped. False, with q

@@ -11,10 +11,11 @@ class program_error : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// Raised by exact arithmetic; the only text is "ratyp error: de=0".
+/// Raised by exact arithmetic; its only text is "ratyp error: de=0".
 class ratyp_error : public program_error {
  public:
   using program_error::program_error;
+  ratyp_error() : program_error("ratyp error: de=0") {}
 };
 
 /// A floating-point operation left the finite numbers. No infinity and no NaN ever enters the store

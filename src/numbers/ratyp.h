@@ -1,5 +1,6 @@
 #pragma once
 
+#include <concepts>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -18,6 +19,9 @@ class ratyp {
   constexpr ratyp() = default;
   /// The exact integer k.
   constexpr ratyp(std::int32_t k) : nu_(k) {}  // NOLINT(google-explicit-constructor): a number is a ratyp
+  /// A double never turns into an integer unnoticed; floating() is meant.
+  template <std::floating_point Float>
+  ratyp(Float) = delete;
   /// nu/de, reduced. Throws ratyp_error when de is 0. What does not fit in 32 bits after reduction
   /// (only with a part that is the smallest 32-bit integer) becomes floating.
   ratyp(std::int32_t nu, std::int32_t de);
@@ -40,12 +44,30 @@ class ratyp {
   ratyp& operator++();
   ratyp operator++(int);
 
+  /// Exact values by exact integers while the cross products stay within the range; otherwise by the
+  /// floating values, so two exact values that differ by less than a double tells apart may be
+  /// ordered neither way.
   friend bool operator<(const ratyp& a, const ratyp& b);
+  /// By the floating value of a.
   friend bool operator<(const ratyp& a, std::int32_t k);
   /// Exact values by their parts; otherwise by the floating values, so 0.5 equals 1/2.
   friend bool operator==(const ratyp& a, const ratyp& b);
 
  private:
+  struct Fraction {
+    std::int32_t nu;
+    std::int32_t de;
+  };
+
+  static Fraction sum_of(Fraction a, Fraction b, bool subtract);
+  static Fraction product_of(Fraction a, Fraction b);
+  static Fraction quotient_of(Fraction a, Fraction b);
+
+  Fraction fraction() const { return {nu_, de_}; }
+  ratyp& become(Fraction fraction);
+  ratyp& become(double fl);
+
+  // What the inactive representation holds is never read.
   std::int32_t nu_ = 0;
   std::int32_t de_ = 1;
   bool exact_ = true;
@@ -60,7 +82,14 @@ inline ratyp operator*(ratyp a, const ratyp& b) { return a *= b; }
 inline ratyp operator/(ratyp a, const ratyp& b) { return a /= b; }
 
 /// nu/de of an exact value, fl of a floating one.
-double to_double(const ratyp& q);
+inline double to_double(const ratyp& q) {
+  return q.exact() ? static_cast<double>(q.nu()) / static_cast<double>(q.de()) : q.fl();
+}
+
+inline bool operator==(const ratyp& a, const ratyp& b) {
+  if (a.exact_ && b.exact_) return a.nu_ == b.nu_ && a.de_ == b.de_;
+  return to_double(a) == to_double(b);
+}
 
 /// "-3", "3/4", or the floating text with 15 significant digits (general format, "1.5E-5", "1E20").
 /// Parses back to an equal value, for floating values up to the 15 digits.

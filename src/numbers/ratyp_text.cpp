@@ -1,0 +1,51 @@
+#include <algorithm>
+#include <cstdint>
+
+#include "numbers/floating_text.h"
+#include "numbers/ratyp.h"
+#include "text/integers.h"
+
+namespace kov {
+
+namespace {
+
+constexpr int full_digits = 15;
+
+bool fraction_from_text(std::string_view nu_text, std::string_view de_text, ratyp& q) {
+  const auto nu = parse_int32(nu_text);
+  const auto de = parse_int32(de_text);
+  if (!nu || !de || *de == 0) return false;
+  q = ratyp(*nu, *de);
+  return true;
+}
+
+}  // namespace
+
+std::string to_text(const ratyp& q) {
+  if (!q.exact()) return floating_text(q.fl(), full_digits);
+  if (q.de() == 1) return int_text(q.nu());
+  return int_text(q.nu()) + "/" + int_text(q.de());
+}
+
+std::string to_text_short(const ratyp& q, int width) {
+  std::string text = to_text(q);
+  if (static_cast<std::int64_t>(text.size()) <= std::int64_t{width} + 3) return text;
+  return floating_text(to_double(q), std::max(width, 1));
+}
+
+bool from_text(std::string_view text, ratyp& q) {
+  if (const auto slash = text.find('/'); slash != std::string_view::npos) {
+    return fraction_from_text(text.substr(0, slash), text.substr(slash + 1), q);
+  }
+  if (const auto k = parse_int32(text)) {
+    q = ratyp(*k);
+    return true;
+  }
+  if (const auto fl = parse_floating(text)) {
+    q = ratyp::floating(*fl);
+    return true;
+  }
+  return false;
+}
+
+}  // namespace kov
