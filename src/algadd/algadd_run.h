@@ -1,6 +1,8 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <string>
 
@@ -14,10 +16,10 @@ namespace kov {
 
 /// What a run deletes after every step.
 enum class RunMode {
-  keep = 0,             ///< nothing
-  all_but_last = 1,     ///< all rows but the new one
-  outside_ranges = 2,   ///< in earlier rows, what lies outside the ranges
-  tracking = 3,         ///< likewise, and the smallest points of the new row when memory runs short
+  keep = 0,            ///< nothing
+  all_but_last = 1,    ///< all rows but the new one
+  outside_ranges = 2,  ///< in earlier rows, what lies outside the ranges
+  tracking = 3,        ///< likewise, and the smallest points of the new row when memory runs short
 };
 
 struct RunRequest {
@@ -29,14 +31,22 @@ struct RunRequest {
   std::int32_t steps = -1;
 };
 
+/// What a run measures its duration by: a clock that never goes back.
+struct RunClock {
+  using Time = std::chrono::steady_clock::time_point;
+  std::function<Time()> now = [] { return std::chrono::steady_clock::now(); };
+};
+
 /// Perform Algadd: row by row from the last one on, by the table of the request, until the steps are
 /// done, Break is pressed, the memory limit is passed or an error ends the run. keep holds the ranges
 /// outside of which the modes 2 and 3 delete. Errors inside the step loop are reported, and the row
-/// under construction is deleted; nothing escapes but what the dialog throws. Cost: O(points of the row
+/// under construction is deleted; nothing escapes but what
+/// the dialog, or the progress box when it opens, throws. Cost: O(points of the row
 /// x used entries x log) a step.
 ///
-/// Gives true when the run changed or may have changed the store.
+/// Duration and steps are kept in algadd.last_run, whatever ended the run. Gives true when the run changed or
+/// may have changed the store.
 bool perform_algadd(Algadd& algadd, Lmap& lmap, const cphclass& cph, std::span<const KeyBox> keep,
-                    const RunRequest& request, User user);
+                    const RunRequest& request, User user, const RunClock& clock = {});
 
 }  // namespace kov
