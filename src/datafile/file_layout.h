@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "datafile/document.h"
+#include "datafile/text_buffer.h"
+#include "datafile/writer.h"
+
+namespace kov {
+
+/// What a data file says about itself.
+struct FileHead {
+  std::string file_name;
+  std::string date_time;
+  WithLattices lattices = WithLattices::yes;
+};
+
+/// Called after each point with the number of points written so far; false ends the writing.
+using AfterPoint = std::function<bool(std::int64_t points)>;
+
+/// Puts the whole data file into out, block by block in the one order in which it is written. False
+/// when after_point ended it. Does not flush.
+bool put_data_file(TextBuffer& out, const Document& document, const FileHead& head,
+                   const AfterPoint& after_point);
+
+}  // namespace kov

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "datafile/document.h"
+#include "text/integers.h"
+#include "text/tokens.h"
+
+namespace kov {
+
+/// nelast of a configuration-only read and of a read of everything.
+inline constexpr std::int32_t configuration_only = lowest_int;
+inline constexpr std::int32_t every_step = highest_int;
+
+/// What a line brought.
+enum class LineResult { other = 0, point = 1, stop = 2 };
+
+/// Reads one line (without its line end) into the document. Returns the message, empty on success; a
+/// line that fails changes nothing.
+class LineReader {
+ public:
+  /// nelast: the largest step whose points are read, or configuration_only.
+  /// file_chosen: whether a configuration-only read takes the entries of the uniform configuration
+  /// alone.
+  LineReader(Document& document, std::int32_t nelast, bool file_chosen);
+
+  std::string read_line(std::string_view line, LineResult& result);
+
+  /// The point count that the file announced; 0 before.
+  std::int64_t announced_points() const { return announced_points_; }
+
+ private:
+  std::string read_whole_file_line(std::string_view key, Tokens& fields, LineResult& result);
+  std::string read_announcement(Tokens& fields);
+  std::string read_point(Tokens& fields, LineResult& result);
+
+  Document& document_;
+  std::int32_t nelast_;
+  bool file_chosen_;
+  std::int64_t announced_points_ = 0;
+};
+
+}  // namespace kov

@@ -1,0 +1,155 @@
+#include "datafile/reader.h"
+
+#include <optional>
+#include <string>
+
+#include "datafile/file_error.h"
+#include "datafile/line_source.h"
+#include "datafile/points_per_display.h"
+
+namespace kov {
+
+namespace {
+
+/// The lines between two checks of the Break button when points are rare.
+constexpr int lines_per_check = 4096;
+
+/// The walk over the lines of one open file.
+class ReadLoop {
+ public:
+  ReadLoop(LineSource& source, LineReader& reader, std::string name, const cphclass& cph, User user)
+      : source_(source),
+        reader_(reader),
+        name_(std::move(name)),
+        user_(user),
+        points_per_display_(points_per_display(cph)),
+        box_(user.progress, 0, 0) {}
+
+  /// Until the end of the file or the line that stops; false when the read was aborted.
+  bool run() {
+    std::string_view line;
+    LineResult result = LineResult::other;
+    while (result != LineResult::stop && source_.next(line)) {
+      ++line_number_;
+      const std::string message = reader_.read_line(line, result);
+      if (!message.empty() && !proceed_after(message)) return false;
+      if (result == LineResult::point) ++points_;
+      if (!proceed_after_check(result)) return false;
+    }
+    return true;
+  }
+
+ private:
+  bool proceed_after(const std::string& message) {
+    if (user_.messages.wl() > 0) user_.messages.beep();
+    if (user_.messages.wl() < 2) return true;
+    return user_.questions.yes_no("Error reading line " + int_text(line_number_) + " of " + name_ + ":\n" +
+                                  message +
+                                  "\n(Abort of reading will cause default init.)"
+                                  "\n\nDo you want to proceed?");
+  }
+
+  /// False when this line's turn to look for Break has come and it was pressed.
+  bool proceed_after_check(LineResult result) {
+    ++lines_since_check_;
+    if (result == LineResult::point && points_ % points_per_display_ == 0) {
+      show_points();
+    } else if (lines_since_check_ < lines_per_check) {
+      return true;
+    }
+    lines_since_check_ = 0;
+    return !user_.progress.break_requested();
+  }
+
+  void show_points() {
+    const std::int64_t total = reader_.announced_points();
+    if (total != box_end_) {
+      // The number of points becomes known while the file is read.
+      user_.progress.open(ProgressBox::default_title, 0, total);
+      box_end_ = total;
+    }
+    box_.at(points_);
+    user_.progress.headline("lattice point " + int_text(points_) + " of " + int_text(total) + " read from " +
+                            name_);
+  }
+
+  LineSource& source_;
+  LineReader& reader_;
+  const std::string name_;
+  User user_;
+  const std::int64_t points_per_display_;
+  ProgressBox box_;
+  std::int64_t box_end_ = 0;
+  std::int64_t line_number_ = 0;
+  std::int64_t points_ = 0;
+  int lines_since_check_ = 0;
+};
+
+/// What a read may have to go back to, and how a complete one ends.
+class DocumentRead {
+ public:
+  DocumentRead(Document& document, CurrentFile& current, bool whole_file, const WindowFacts& window)
+      : document_(document), current_(current), whole_file_(whole_file), window_(window) {}
+
+  void begin(const std::filesystem::path& path) {
+    if (!whole_file_) return;
+    current_.path = std::filesystem::absolute(path);
+    document_.reset_data();
+  }
+
+  void abort() {
+    // First, since it sets memory free.
+    if (whole_file_) document_.lmap.clear();
+    document_.cph.InitPrgPar(window_);
+    if (whole_file_) document_.reset_data();
+  }
+
+  void complete() {
+    if (!whole_file_) return;
+    if (document_.cph.kmi("Algadd_del_p0_entries") != 0) {
+      for (int table = 0; table < Algadd_TableCount; ++table) document_.algadd.compact_table(table);
+    }
+    current_.chosen = true;
+  }
+
+ private:
+  Document& document_;
+  CurrentFile& current_;
+  const bool whole_file_;
+  const WindowFacts& window_;
+};
+
+}  // namespace
+
+ReadOutcome read_data_file(const std::filesystem::path& path, Document& document, CurrentFile& current,
+                           std::int32_t nelast, const WindowFacts& window, User user) {
+  std::optional<LineSource> source;
+  try {
+    source.emplace(path);
+  } catch (const file_error& error) {
+    user.messages.error(error.what());
+    return ReadOutcome::not_opened;
+  }
+  // path may be the current file's own.
+  const std::string name = path.filename().string();
+  DocumentRead read(document, current, nelast != configuration_only, window);
+  read.begin(path);
+  bool completed = false;
+  try {
+    LineReader reader(document, nelast, current.chosen);
+    completed = ReadLoop(*source, reader, name, document.cph, user).run();
+  } catch (const file_error& error) {
+    user.messages.error(error.what());
+  } catch (...) {
+    read.abort();
+    throw;
+  }
+  if (completed) {
+    read.complete();
+  } else {
+    read.abort();
+  }
+  return completed ? ReadOutcome::completed : ReadOutcome::aborted;
+}
+
+}  // namespace kov
