@@ -3,6 +3,7 @@
 #include <array>
 
 #include "sums/bound_text.h"
+#include "text/integers.h"
 
 namespace kov {
 namespace {

@@ -1,5 +1,9 @@
 #include "sums/range_menu.h"
 
+#include <utility>
+
+#include "text/integers.h"
+
 namespace kov {
 namespace {
 
