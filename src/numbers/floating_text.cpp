@@ -28,7 +28,10 @@ std::string with_bare_exponent(std::string_view text) {
 std::string largest_text(bool negative, int digits) {
   constexpr std::string_view all_digits = "1.7976931348623157";
   const auto length = digits == 1 ? std::size_t{1} : static_cast<std::size_t>(digits) + 1;
-  return (negative ? "-" : "") + std::string(all_digits.substr(0, length)) + "E308";
+  std::string text(negative ? "-" : "");
+  text += all_digits.substr(0, length);
+  text += "E308";
+  return text;
 }
 
 /// The exponent behind the "E", clipped to what no number of digits in memory makes up for.
