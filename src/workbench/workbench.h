@@ -2,14 +2,21 @@
 
 #include <array>
 #include <cstdint>
+#include <string_view>
 
 #include "datafile/document.h"
 #include "interact/user.h"
+#include "sums/range_menu.h"
+#include "sums/sums1.h"
 
 namespace kov {
 
+/// The pages of the main window, in the order of their tabs.
+enum class Page { lattices, list, comment, algadd, sums1, sums2, graph1, graph2, config };
+
 /// One of everything: what the main window, or kovbatch's runner, owns for the whole run.
 struct Workbench {
+  /// The start-up state: the catalogue's defaults, empty lattices, default tables and view.
   Workbench(Messages& messages, const WindowFacts& facts);
 
   Document document;
@@ -21,15 +28,37 @@ struct Workbench {
   int active_page = 0;
   /// The entry whose column is selected on the Algadd page.
   int current_entry = 0;
+  /// The menus that the Algadd and Sums1 pages open and close.
+  bool algadd_menu_open = false;
+  bool modify_range_menu_open = false;
   /// The check boxes "Destination = Range 1" and "Destination = Range 2".
-  std::array<bool, 2> range_is_destination = {true, true};
+  RangeDestinations range_is_destination = {true, true};
   /// Graph1's check boxes: CB0qre, CB0qim, CB0qq, CB0qa, CB0cntAt, CB1qre, ...
   std::array<bool, 10> graph1_checked{};
+  /// Graph1 draws two curves against each other instead of along x.
+  bool graph1_overlay = false;
+  /// Graph2's radio button, 0 ... 9.
+  int graph2_radio_index = 0;
+  /// What the Sums1 page shows.
+  Sums1 sums1;
+  /// Set by Exit: nothing more is to be carried out.
+  bool exit_requested = false;
 
-  /// Takes the parameters' values to whatever shows or uses them: table indices, check boxes.
+  /// Takes every parameter's value to whatever shows or uses it: table indices, check boxes. A table or
+  /// button index that does not exist (a data file's line may widen its own range) is reported, and the
+  /// old one stays.
   void apply_parameters(Messages& messages);
+  /// Likewise for one parameter, after an edit of it: what was chosen by other means stays.
+  void apply_parameter(std::string_view keyword, Messages& messages);
 
-  /// The captions of the main window: the status line of the store.
+  /// Shows the page that F1_Initial_Active_Page names, as after a read.
+  void show_initial_page(Messages& messages);
+  void show_page(Page page) { active_page = static_cast<int>(page); }
+
+  /// The ranges of the current range table, as the deletions outside Sums1 take them.
+  const std::array<KeyBox, 2>& current_ranges() const { return document.ranges.current_table().range; }
+
+  /// The caption of the main window becomes the status line of the store.
   void show_status(Progress& progress) const;
 };
 

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "batch/output.h"
+#include "batch/script_line.h"
+#include "interact/scripted_user.h"
+#include "workbench/workbench.h"
+
+namespace kov {
+
+/// Carries out single lines, of which each kind is one overload. Every overload gives false when the line
+/// failed for a reason of its own, which it has then reported; errors that the user was shown are for
+/// the caller to ask for.
+class LineExecutor {
+ public:
+  LineExecutor(Workbench& workbench, ScriptedUser& user, Output& output, const ScriptedUser::Sink& sink)
+      : workbench_(workbench), user_(user), output_(output), sink_(sink) {}
+
+  bool operator()(const CommandLine& line);
+  bool operator()(const SetLine& line);
+  bool operator()(const CheckLine& line);
+  bool operator()(const CommentLine& line);
+  bool operator()(const EchoLine& line);
+  bool operator()(const BreakLine& line);
+  bool operator()(const PrintLine& line);
+  bool operator()(const UnknownLine& line);
+
+ private:
+  class Break;
+
+  bool fail(const std::string& reason);
+
+  Workbench& workbench_;
+  ScriptedUser& user_;
+  Output& output_;
+  const ScriptedUser::Sink& sink_;
+  /// The check at which the next line that runs anything meets Break; 0 for none.
+  std::int32_t pending_break_ = 0;
+};
+
+}  // namespace kov

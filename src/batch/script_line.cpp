@@ -1,0 +1,116 @@
+#include "batch/script_line.h"
+
+#include <algorithm>
+#include <array>
+
+#include "text/integers.h"
+#include "text/tokens.h"
+
+namespace kov {
+namespace {
+
+/// What stands behind the first word and the one blank after it.
+std::string_view behind_word(std::string_view line, std::string_view word) {
+  line.remove_prefix(word.size());
+  if (!line.empty()) line.remove_prefix(1);
+  return line;
+}
+
+std::string with_single_blanks(std::string_view text) {
+  std::string result;
+  Tokens tokens(text);
+  for (std::string_view token = tokens.next(); !token.empty(); token = tokens.next()) {
+    if (!result.empty()) result += ' ';
+    result += token;
+  }
+  return result;
+}
+
+/// The pieces between the bars; nothing when one of several is left empty, since it could as well be
+/// meant for an empty answer as for none.
+std::optional<std::vector<std::string>> parse_answers(std::string_view text) {
+  std::vector<std::string> answers;
+  if (trimmed(text).empty()) return answers;
+  for (std::size_t begin = 0; begin <= text.size();) {
+    const std::size_t bar = std::min(text.find('|', begin), text.size());
+    const std::string_view answer = trimmed(text.substr(begin, bar - begin));
+    if (answer.empty()) return std::nullopt;
+    answers.emplace_back(answer == "\"\"" ? std::string_view{} : answer);
+    begin = bar + 1;
+  }
+  return answers;
+}
+
+ScriptLine parse_command(std::string_view line, std::size_t slash) {
+  const std::size_t colon = line.find(':', slash);
+  const std::string_view item = line.substr(slash + 1, colon - slash - 1);
+  const std::string_view behind = colon == std::string_view::npos ? "" : line.substr(colon + 1);
+  auto answers = parse_answers(behind);
+  if (!answers) return UnknownLine{"an empty answer is written \"\""};
+  return CommandLine{std::string(line.substr(0, slash)), with_single_blanks(item), std::move(*answers)};
+}
+
+ScriptLine parse_set(std::string_view rest) {
+  Tokens tokens(rest);
+  const std::string_view keyword = tokens.next();
+  const std::string_view value = tokens.next();
+  if (value.empty() || !tokens.at_end()) return UnknownLine{"expected: Set KEYWORD VALUE"};
+  return SetLine{std::string(keyword), std::string(value)};
+}
+
+ScriptLine parse_check(std::string_view rest) {
+  Tokens tokens(rest);
+  const std::string_view name = tokens.next();
+  const std::string_view state = tokens.next();
+  if ((state != "on" && state != "off") || !tokens.at_end()) {
+    return UnknownLine{"expected: Check NAME on, or off"};
+  }
+  return CheckLine{std::string(name), state == "on"};
+}
+
+ScriptLine parse_break(std::string_view rest) {
+  const auto check = parse_int32(trimmed(rest));
+  if (!check || *check < 1) return UnknownLine{"expected: Break N, with N from 1 on"};
+  return BreakLine{*check};
+}
+
+ScriptLine parse_print(std::string_view rest) {
+  const std::size_t arrow = rest.find('>');
+  PrintLine print{with_single_blanks(rest.substr(0, arrow)), std::nullopt};
+  if (arrow != std::string_view::npos) print.file = trimmed(rest.substr(arrow + 1));
+  if (print.what.empty() || (print.file && print.file->empty())) {
+    return UnknownLine{"expected: Print WHAT, or Print WHAT > FILE"};
+  }
+  return print;
+}
+
+ScriptLine parse_comment(std::string_view rest) { return CommentLine{std::string(rest)}; }
+ScriptLine parse_echo(std::string_view rest) { return EchoLine{std::string(rest)}; }
+
+struct Verb {
+  std::string_view word;
+  ScriptLine (*parse)(std::string_view rest);
+};
+
+constexpr std::array<Verb, 6> verbs{{
+    {"Set", parse_set},
+    {"Check", parse_check},
+    {"Comment", parse_comment},
+    {"Echo", parse_echo},
+    {"Break", parse_break},
+    {"Print", parse_print},
+}};
+
+}  // namespace
+
+ScriptLine parse_line(std::string_view line) {
+  const std::string_view word = Tokens(line).next();
+  for (const Verb& verb : verbs) {
+    if (word == verb.word) return verb.parse(behind_word(line, word));
+  }
+  const std::size_t slash = line.find('/');
+  if (slash == std::string_view::npos) return UnknownLine{"no such line"};
+  return parse_command(line, slash);
+}
+
+}  // namespace kov

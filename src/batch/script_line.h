@@ -1,0 +1,76 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace kov {
+
+// The lines of a script, as values: what a line asks for, before anybody looks whether there is such a
+// command, keyword or check box.
+
+/// "MENU/ITEM" or "MENU/ITEM: ANSWER | ANSWER ...".
+struct CommandLine {
+  std::string menu;
+  /// Runs of blanks as one blank.
+  std::string item;
+  /// An answer written "" is the empty text.
+  std::vector<std::string> answers;
+  friend bool operator==(const CommandLine&, const CommandLine&) = default;
+};
+
+/// "Set KEYWORD VALUE"; the value is not looked at here.
+struct SetLine {
+  std::string keyword;
+  std::string value;
+  friend bool operator==(const SetLine&, const SetLine&) = default;
+};
+
+/// "Check NAME on" or "Check NAME off".
+struct CheckLine {
+  std::string name;
+  bool on = false;
+  friend bool operator==(const CheckLine&, const CheckLine&) = default;
+};
+
+/// "Comment TEXT": the text behind the one blank that follows the word, further blanks included.
+struct CommentLine {
+  std::string text;
+  friend bool operator==(const CommentLine&, const CommentLine&) = default;
+};
+
+/// "Echo TEXT", likewise.
+struct EchoLine {
+  std::string text;
+  friend bool operator==(const EchoLine&, const EchoLine&) = default;
+};
+
+/// "Break N", N >= 1.
+struct BreakLine {
+  std::int32_t check = 1;
+  friend bool operator==(const BreakLine&, const BreakLine&) = default;
+};
+
+/// "Print WHAT" or "Print WHAT > FILE".
+struct PrintLine {
+  std::string what;
+  std::optional<std::string> file;
+  friend bool operator==(const PrintLine&, const PrintLine&) = default;
+};
+
+/// A line of no known form, and why.
+struct UnknownLine {
+  std::string reason;
+  friend bool operator==(const UnknownLine&, const UnknownLine&) = default;
+};
+
+using ScriptLine =
+    std::variant<CommandLine, SetLine, CheckLine, CommentLine, EchoLine, BreakLine, PrintLine, UnknownLine>;
+
+/// Reads one line without leading and trailing blanks that is neither empty nor a remark.
+ScriptLine parse_line(std::string_view line);
+
+}  // namespace kov

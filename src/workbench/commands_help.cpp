@@ -1,0 +1,35 @@
+#include <array>
+#include <string>
+
+#include "algadd/state_report.h"
+#include "text/integers.h"
+#include "workbench/command_groups.h"
+#include "workbench/compilation_date.h"
+
+namespace kov {
+namespace {
+
+void show_info(Workbench&, User user) {
+  user.messages.information(std::string("Date of this version:  ") + CompilationDateClass::date +
+                            "\n\nDescription:\n Software for testing algorithms\n"
+                            " on multidimensional numerical lattices\n"
+                            " and for visualization the results\n");
+}
+
+void show_state(Workbench& workbench, User user) {
+  const std::string report = state_report(workbench.document.lmap, workbench.document.algadd);
+  if (!user.questions.all_or_ok(report + "\n\nPress <All> to check all available memory\nelse <OK>")) return;
+  user.messages.information(int_text(static_cast<std::int64_t>(allocatable_megabytes())) +
+                            " MB are allocatable\nusing RAM and virtual memory on HD");
+}
+
+constexpr std::array<Command, 2> rows{{
+    {"Help", "Info", "", show_info},
+    {"Help", "State", "", show_state},
+}};
+
+}  // namespace
+
+std::span<const Command> help_commands() { return rows; }
+
+}  // namespace kov

@@ -1,0 +1,73 @@
+#include <array>
+
+#include "interact/integer_question.h"
+#include "workbench/choose_table.h"
+#include "workbench/command_groups.h"
+
+namespace kov {
+namespace {
+
+/// An operation that writes bounds of the ranges whose check box is set.
+template <void (*operation)(RangeTable&, const RangeDestinations&)>
+void change_bounds(Workbench& workbench, User) {
+  operation(workbench.document.ranges.current_table(), workbench.range_is_destination);
+}
+
+using SetBounds = void (*)(RangeTable&, const RangeDestinations&, const Lk&);
+
+template <SetBounds operation>
+void set_to_offset(Workbench& workbench, User) {
+  operation(workbench.document.ranges.current_table(), workbench.range_is_destination,
+            workbench.document.slice.offset());
+}
+
+template <SetBounds operation>
+void set_to_zero(Workbench& workbench, User) {
+  operation(workbench.document.ranges.current_table(), workbench.range_is_destination, Lk{});
+}
+
+template <void (*operation)(RangeTable&)>
+void change_table(Workbench& workbench, User) {
+  operation(workbench.document.ranges.current_table());
+}
+
+std::string choose_table_caption(const Workbench& workbench) {
+  return choose_range_table_button(workbench.document.ranges);
+}
+
+void copy_table(Workbench& workbench, User user) {
+  Document& document = workbench.document;
+  const auto to =
+      ask_integer(user.questions, copy_range_table_caption, copy_range_table_prompt(document.ranges),
+                  document.ranges.current_index(), range_table_bounds);
+  if (to) copy_range_table(document.ranges, *to, document.cph);
+}
+
+void close_menu(Workbench& workbench, User user) {
+  const Document& document = workbench.document;
+  workbench.sums1.sum_up_and_report(document.lmap, document.ranges.current_table(), document.cph, user);
+  workbench.modify_range_menu_open = false;
+}
+
+// clang-format off
+constexpr std::array<Command, 12> rows{{
+    {"Sums1", "Set full Range  (-...+)",    "", change_bounds<set_full_range>},
+    {"Sums1", "Copy Min to Max",            "", change_bounds<copy_min_to_max>},
+    {"Sums1", "Copy Max to Min",            "", change_bounds<copy_max_to_min>},
+    {"Sums1", "Copy Lattice Offset to Max", "", set_to_offset<set_max>},
+    {"Sums1", "Copy Lattice Offset to Min", "", set_to_offset<set_min>},
+    {"Sums1", "Set Min to 0",               "", set_to_zero<set_min>},
+    {"Sums1", "Set Max to 0",               "", set_to_zero<set_max>},
+    {"Sums1", "Exchange Ranges",            "", change_table<exchange_ranges>},
+    {"Sums1", "Set Table to Default",       "", change_table<set_to_default>},
+    {"Sums1", "Change Table Number ",       "", choose_sums1_table, nullptr, choose_table_caption},
+    {"Sums1", "Copy Table",                 "", copy_table},
+    {"Sums1", "Close",                      "", close_menu},
+}};
+// clang-format on
+
+}  // namespace
+
+std::span<const Command> sums1_commands() { return rows; }
+
+}  // namespace kov

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "datafile/read_with_overlay.h"
+#include "workbench/workbench.h"
+
+namespace kov {
+
+/// The workbench as the reading operations take it. Applying means: parameters to their users, and the
+/// initial page shown. The workbench must outlive the result.
+FileContext file_context(Workbench& workbench, User user);
+
+}  // namespace kov
