@@ -6,16 +6,27 @@ namespace kov {
 
 namespace {
 
-std::string two_digits(int value) { return (value < 10 ? "0" : "") + int_text(value); }
+void append_two_digits(std::string& text, int value) {
+  text += static_cast<char>('0' + value / 10);
+  text += static_cast<char>('0' + value % 10);
+}
 
 }  // namespace
 
 std::string date_time_text(std::time_t time) {
   std::tm parts{};
   localtime_r(&time, &parts);
-  return two_digits(parts.tm_mday) + "." + two_digits(parts.tm_mon + 1) + "." +
-         int_text(parts.tm_year + 1900) + " " + two_digits(parts.tm_hour) + ":" + two_digits(parts.tm_min) +
-         ":" + two_digits(parts.tm_sec);
+  std::string text;
+  append_two_digits(text, parts.tm_mday);
+  text += '.';
+  append_two_digits(text, parts.tm_mon + 1);
+  text += '.' + int_text(parts.tm_year + 1900) + ' ';
+  append_two_digits(text, parts.tm_hour);
+  text += ':';
+  append_two_digits(text, parts.tm_min);
+  text += ':';
+  append_two_digits(text, parts.tm_sec);
+  return text;
 }
 
 }  // namespace kov

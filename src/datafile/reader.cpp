@@ -6,6 +6,7 @@
 #include "datafile/file_error.h"
 #include "datafile/line_source.h"
 #include "datafile/points_per_display.h"
+#include "interact/warning_level.h"
 
 namespace kov {
 
@@ -41,8 +42,8 @@ class ReadLoop {
 
  private:
   bool proceed_after(const std::string& message) {
-    if (user_.messages.wl() > 0) user_.messages.beep();
-    if (user_.messages.wl() < 2) return true;
+    if (user_.messages.wl() >= level_of_beeps) user_.messages.beep();
+    if (user_.messages.wl() < level_of_usual_warnings) return true;
     return user_.questions.yes_no("Error reading line " + int_text(line_number_) + " of " + name_ + ":\n" +
                                   message +
                                   "\n(Abort of reading will cause default init.)"
@@ -63,12 +64,14 @@ class ReadLoop {
 
   void show_points() {
     const std::int64_t total = reader_.announced_points();
-    if (total != box_end_) {
-      // The number of points becomes known while the file is read.
-      user_.progress.open(ProgressBox::default_title, 0, total);
-      box_end_ = total;
+    // The number of points becomes known while the file is read. The bar goes into a box of its own,
+    // inside the one of the whole read that keeps a pressed Break.
+    if (!bar_ || total != bar_end_) {
+      bar_.reset();
+      bar_.emplace(user_.progress, 0, total);
+      bar_end_ = total;
     }
-    box_.at(points_);
+    bar_->at(points_);
     user_.progress.headline("lattice point " + int_text(points_) + " of " + int_text(total) + " read from " +
                             name_);
   }
@@ -79,7 +82,8 @@ class ReadLoop {
   User user_;
   const std::int64_t points_per_display_;
   ProgressBox box_;
-  std::int64_t box_end_ = 0;
+  std::optional<ProgressBox> bar_;
+  std::int64_t bar_end_ = 0;
   std::int64_t line_number_ = 0;
   std::int64_t points_ = 0;
   int lines_since_check_ = 0;
@@ -133,9 +137,9 @@ ReadOutcome read_data_file(const std::filesystem::path& path, Document& document
   // path may be the current file's own.
   const std::string name = path.filename().string();
   DocumentRead read(document, current, nelast != configuration_only, window);
-  read.begin(path);
   bool completed = false;
   try {
+    read.begin(path);
     LineReader reader(document, nelast, current.chosen);
     completed = ReadLoop(*source, reader, name, document.cph, user).run();
   } catch (const file_error& error) {

@@ -1,16 +1,10 @@
 #include "datafile/save_file.h"
 
 #include "datafile/writer.h"
+#include "interact/warning_level.h"
 #include "text/grouping.h"
 
 namespace kov {
-
-namespace {
-
-/// The level from which a large save is asked about; the description of File_Save_WarnKB names it.
-constexpr int asking_level = 2;
-
-}  // namespace
 
 std::string large_save_question(std::uint64_t bytes) {
   return "The lattices need " + kilobyte_text(bytes) +
@@ -21,7 +15,7 @@ std::string large_save_question(std::uint64_t bytes) {
 }
 
 bool large_save_confirmed(const Document& document, User user) {
-  if (user.messages.wl() < asking_level) return true;
+  if (user.messages.wl() < level_of_usual_warnings) return true;
   const std::int64_t limit = std::int64_t{1000} * document.cph.kmi("File_Save_WarnKB");
   const std::uint64_t bytes = document.lmap.estimated_bytes();
   if (limit >= 0 && bytes <= static_cast<std::uint64_t>(limit)) return true;

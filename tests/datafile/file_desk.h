@@ -1,0 +1,88 @@
+#pragma once
+
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <iterator>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "datafile/document.h"
+#include "datafile/read_with_overlay.h"
+#include "datafile/reader.h"
+#include "datafile/writer.h"
+#include "interact/scripted_user.h"
+
+namespace kov {
+
+/// A new folder under the system's folder for temporary files; while it lives it is the current
+/// directory, and it goes with everything in it.
+class TemporaryFolder {
+ public:
+  TemporaryFolder() : before_(std::filesystem::current_path()) {
+    std::string name = (std::filesystem::temp_directory_path() / "kov-test-XXXXXX").string();
+    path_ = ::mkdtemp(name.data());
+    std::filesystem::current_path(path_);
+  }
+  ~TemporaryFolder() {
+    std::filesystem::current_path(before_);
+    std::filesystem::remove_all(path_);
+  }
+  TemporaryFolder(const TemporaryFolder&) = delete;
+  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+  const std::filesystem::path& path() const { return path_; }
+
+  /// The names in it, hidden ones included, sorted.
+  std::vector<std::string> names() const;
+
+ private:
+  std::filesystem::path before_;
+  std::filesystem::path path_;
+};
+
+void write_text(const std::filesystem::path& path, std::string_view text);
+std::string text_of(const std::filesystem::path& path);
+
+/// A document with everything around it that reading and saving need, in a folder of its own.
+struct FileDesk {
+  TemporaryFolder folder;
+  std::vector<std::string> reports;
+  ScriptedUser scripted{[this](const std::string& report) { reports.push_back(report); },
+                        ScriptedUser::Captions::every};
+  Document document{scripted};
+  CurrentFile current;
+  WindowFacts window;
+  int applied = 0;
+
+  FileDesk() {
+    document.cph.InitPrgPar(window);
+    document.reset_data();
+  }
+
+  FileContext context() {
+    return {document, current, window, scripted.user(), [this] { ++applied; }};
+  }
+  ReadOutcome read(const std::filesystem::path& path, std::int32_t nelast = every_step) {
+    return read_data_file(path, document, current, nelast, window, scripted.user());
+  }
+  /// Writes the text to a file and reads it.
+  ReadOutcome read_text(std::string_view text, std::int32_t nelast = every_step) {
+    write_text("read.aa1", text);
+    return read("read.aa1", nelast);
+  }
+  /// Everything that a data file keeps, as one text; equal texts mean equal documents.
+  std::string state() const { return data_file_text(document, "state", WithLattices::yes, "now"); }
+};
+
+/// The line of a point: lattice l, step n, k1, all others 0.
+std::string point_line(std::int32_t l, std::int32_t n, std::int32_t k1, std::string_view quantity);
+
+/// The same text count times, separated by blanks.
+std::string repeated(std::string_view text, int count);
+
+/// Puts something different from the start-up state into every part of a document.
+void fill_every_part(Document& document);
+
+}  // namespace kov
