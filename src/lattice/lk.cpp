@@ -6,7 +6,7 @@ namespace kov {
 namespace {
 
 void check_position(const char* function, int icoo, Messages& messages) {
-  if (icoo < 0 || icoo >= MaxDimCount) messages.error(function + (":icoo=" + int_text(icoo)));
+  if (icoo < 0 || icoo >= MaxDimCount) messages.error(std::string(function) + ":icoo=" + int_text(icoo));
 }
 
 }  // namespace
@@ -25,11 +25,11 @@ int sl_icoo(int irow, Messages& messages) {
 std::string coordinate_name(int icoo) {
   if (icoo == l_position) return "l";
   if (icoo == 0) return "n";
-  return "k" + int_text(icoo);
+  return std::string("k").append(int_text(icoo));
 }
 
 std::string offset_name(int icoo) {
-  return icoo == l_position ? coordinate_name(icoo) : "d" + coordinate_name(icoo);
+  return icoo == l_position ? coordinate_name(icoo) : std::string("d").append(coordinate_name(icoo));
 }
 
 }  // namespace kov

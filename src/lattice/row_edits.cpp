@@ -71,6 +71,7 @@ void CopyPart(Lmap& lmap, std::int32_t a, std::int32_t b, std::int32_t c) {
   if (a > b) return;
   Lmap copy = lmap.copy_rows(a, b);
   copy.shift_steps(wrapping_subtract(c, a));
+  copy.erase_rows(a, b);
   Lmap source = lmap.extract_rows(a, b);
   erase_destination(lmap, a, b, c);
   lmap.merge_new(source);

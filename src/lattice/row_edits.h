@@ -43,8 +43,8 @@ void MoveAll(Lmap& lmap, std::int32_t a) noexcept;
 /// a > b.
 void MovePart(Lmap& lmap, std::int32_t a, std::int32_t b, std::int32_t c) noexcept;
 
-/// Copies the rows a ... b so that the copy starts at c. The destination rows are erased first, except
-/// rows a ... b themselves, which stay as they are and win. Nothing when a > b.
+/// Copies the rows a ... b so that the copy starts at c. Rows a ... b stay as they are, gaps included: what
+/// would be copied into them is dropped. The other destination rows are erased first. Nothing when a > b.
 void CopyPart(Lmap& lmap, std::int32_t a, std::int32_t b, std::int32_t c);
 
 /// Erases all but the last a rows (a >= 0); a = 0 erases everything.

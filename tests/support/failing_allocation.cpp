@@ -1,0 +1,35 @@
+#include "support/failing_allocation.h"
+
+#include <cstddef>
+#include <cstdlib>
+
+namespace kov {
+namespace {
+
+/// Allocations up to and including the one that fails; not above 0 when none does.
+constinit thread_local std::int64_t allocations_left = 0;
+
+void* allocate(std::size_t size) {
+  if (allocations_left > 0 && --allocations_left == 0) throw std::bad_alloc();
+  if (void* memory = std::malloc(size == 0 ? 1 : size)) return memory;
+  throw std::bad_alloc();
+}
+
+}  // namespace
+
+FailingAllocation::FailingAllocation(std::int64_t k) noexcept { allocations_left = k; }
+
+FailingAllocation::~FailingAllocation() { allocations_left = 0; }
+
+bool FailingAllocation::happened() const noexcept { return allocations_left == 0; }
+
+}  // namespace kov
+
+// Every form of new and delete that the tests' code reaches, all on malloc and free, so that sanitizers see
+// matching pairs. The forms without an exception call these.
+void* operator new(std::size_t size) { return kov::allocate(size); }
+void* operator new[](std::size_t size) { return kov::allocate(size); }
+void operator delete(void* memory) noexcept { std::free(memory); }
+void operator delete[](void* memory) noexcept { std::free(memory); }
+void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+void operator delete[](void* memory, std::size_t) noexcept { std::free(memory); }
