@@ -1,0 +1,210 @@
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstring>
+#include <random>
+
+#include "run_fixture.h"
+#include "support/literal_run.h"
+#include "support/points_text.h"
+#include "text/integers.h"
+
+namespace kov {
+namespace {
+
+bool identical(const ratyp& a, const ratyp& b) {
+  if (a.exact() != b.exact()) return false;
+  if (a.exact()) return a.nu() == b.nu() && a.de() == b.de();
+  const double x = a.fl();
+  const double y = b.fl();
+  return std::memcmp(&x, &y, sizeof x) == 0;
+}
+
+::testing::AssertionResult identical(const Lmap& lmap, const LiteralStore& literal) {
+  if (lmap.count() != literal.size()) {
+    return ::testing::AssertionFailure() << lmap.count() << " points instead of " << literal.size();
+  }
+  auto point = lmap.begin();
+  for (const auto& [key, q] : literal) {
+    const cotyp stored = point.quantity();
+    if (point.key() != key || !identical(stored.re, q.re) || !identical(stored.im, q.im)) {
+      return ::testing::AssertionFailure()
+             << point_text(point.key(), stored) << " instead of " << point_text(key, q);
+    }
+    ++point;
+  }
+  return ::testing::AssertionSuccess();
+}
+
+/// Small random worlds in which things meet: few lattices, few coordinates, entries that cancel.
+class World {
+ public:
+  explicit World(std::uint64_t seed) : random_(seed) {
+    lattices_ = integer(1, 5);
+    varying_ = integer(0, 6);
+    origin_ = integer(0, 9) == 0 ? (integer(0, 1) == 0 ? lowest_int : highest_int) : 0;
+  }
+
+  std::int32_t integer(std::int32_t low, std::int32_t high) {
+    return std::uniform_int_distribution<std::int32_t>(low, high)(random_);
+  }
+
+  cotyp quantity() {
+    switch (integer(0, 9)) {
+      case 0:
+      case 1:
+        return {integer(-3, 3), integer(1, 4), integer(-3, 3), integer(1, 4)};
+      case 2:
+        return cotyp::floating(0.1 * integer(-9, 9), 0.3 * integer(-2, 2));
+      case 3:
+        return {integer(2147480000, 2147483646), integer(1, 9), 0, 1};
+      case 4:
+        return {ratyp(integer(-5, 5), 3), ratyp::floating(0.7 * integer(-3, 3))};
+      case 5:
+        return integer(0, 19) == 0 ? cotyp::floating(1e120, -1e120) : cotyp::floating(1e-120, 0);
+      default:
+        return integer(-2, 2);
+    }
+  }
+
+  Lk key(std::int32_t n) {
+    Lk key = Lk::at(integer(0, lattices_ - 1), n);
+    for (int k = 1; k <= varying_; ++k) {
+      key.coo[position(k)] = wrapping_add(origin_, integer(-1, 1));
+    }
+    return key;
+  }
+
+  AlgaddEntry entry() {
+    const bool plain = integer(0, 3) != 0;
+    Lk offset = Lk::at(integer(0, lattices_ - 1), plain ? 1 : integer(-2, 3));
+    for (int k = 1; k <= varying_; ++k) offset.coo[position(k)] = integer(-1, 1);
+    return {.p = quantity(), .ldest = integer(0, lattices_ - 1), .offset = offset};
+  }
+
+  void fill(Algadd& algadd, int table) {
+    const int count = integer(1, 8);
+    for (int i = 0; i < count; ++i) {
+      const AlgaddEntry made = entry();
+      const int place = integer(0, 9) == 0 ? 255 - i : 2 * i;
+      algadd.set_entry(table, place, made);
+      if (integer(0, 4) != 0) continue;
+      AlgaddEntry cancelling = made;
+      cancelling.p = cotyp(0) - made.p;
+      algadd.set_entry(table, 2 * i + 1, cancelling);
+    }
+  }
+
+  KeyBox box() {
+    KeyBox box{Lk::filled(lowest_int), Lk::filled(highest_int)};
+    box.min.coo[position(1)] = wrapping_add(origin_, integer(-1, 0));
+    box.max.coo[position(1)] = wrapping_add(origin_, integer(0, 1));
+    if (integer(0, 1) == 0) box.min.coo[l_position] = integer(0, lattices_ - 1);
+    return box;
+  }
+
+ private:
+  /// The varying coordinates lie apart: k1, k6, k11, ...
+  static std::size_t position(int k) { return static_cast<std::size_t>(5 * k - 4); }
+
+  std::mt19937_64 random_;
+  std::int32_t lattices_;
+  std::int32_t varying_;
+  std::int32_t origin_;
+};
+
+class RunAgainstLiteral : public RunFixture {
+ protected:
+  void set_parameters(const LiteralRun& plan, std::int32_t percent) {
+    set("Obarr0_ldest1", plan.barrier.ldest1);
+    set("Obarr1_ldest2", plan.barrier.ldest2);
+    set("Obarr1_k1", plan.barrier.k1);
+    set("Obarr1_k1_of_add_ldest2", plan.barrier.k1add);
+    set("Obarr1_multp_ldest2", percent);
+    set("Algadd_TM_DelSmallestAfterKB", static_cast<std::int32_t>(plan.tracking_kilobytes));
+    set("MaxAllowedMemOccupationInKB", static_cast<std::int32_t>(plan.maximum_kilobytes));
+    set("DelSmallPercent_Default", plan.percent);
+    set("Algadd_TM_DelAlsoTillRow0", plan.also_till_row_0 ? 1 : 0);
+    set("Algadd_TM_BeepOnDelSmallest", 1);
+    set("Algadd_del_p0_entries", plan.table % 2);
+  }
+
+  /// What the transcript tells of the run.
+  LiteralOutcome outcome() const {
+    LiteralOutcome told{.steps = algadd.last_run.steps};
+    for (const std::string& report : transcript) {
+      if (report.find("Stop, because more memory used") != std::string::npos) told.out_of_memory_bound = true;
+      if (report.find("floating point overflow") != std::string::npos) told.overflow = true;
+      if (report == "beep") ++told.deletions;
+    }
+    if (told.overflow) --told.deletions;
+    return told;
+  }
+
+  void start_anew() {
+    algadd.reset();
+    lmap.clear();
+    keep.clear();
+    transcript.clear();
+  }
+};
+
+TEST_F(RunAgainstLiteral, EqualsItInEveryBit) {
+  constexpr std::uint64_t worlds = 3000;
+  std::array<int, 4> modes{};
+  LiteralOutcome met;
+  for (std::uint64_t seed = 1; seed <= worlds; ++seed) {
+    SCOPED_TRACE(seed);
+    World world(seed);
+    start_anew();
+    LiteralRun plan;
+    plan.table = world.integer(0, 15);
+    plan.mode = static_cast<RunMode>(world.integer(0, 3));
+    plan.steps = world.integer(1, 4);
+    const std::int32_t barrier_percent = world.integer(-1, 3) * 50;
+    if (world.integer(0, 2) == 0) {
+      plan.barrier = {.ldest1 = world.integer(-1, 2),
+                      .ldest2 = world.integer(0, 2),
+                      .k1 = world.integer(-1, 1),
+                      .k1add = world.integer(-1, 1),
+                      .multp = cotyp(barrier_percent, 100, 0, 1)};
+    }
+    plan.tracking_kilobytes = world.integer(0, 4);
+    plan.maximum_kilobytes = world.integer(0, 9) == 0 ? world.integer(0, 5) : 1000;
+    plan.percent = world.integer(0, 100);
+    plan.also_till_row_0 = world.integer(0, 1) == 0;
+    for (int boxes = world.integer(0, 2); boxes > 0; --boxes) plan.keep.push_back(world.box());
+    set_parameters(plan, barrier_percent);
+    keep = plan.keep;
+    world.fill(algadd, plan.table);
+    const std::int32_t first_row = world.integer(0, 19) == 0 ? highest_int - 4 : world.integer(-2, 1);
+    LiteralStore literal;
+    for (int points = world.integer(1, 12); points > 0; --points) {
+      const Lk key = world.key(first_row + world.integer(0, 2));
+      lmap.set(key, world.quantity());
+      if (lmap.contains(key))
+        literal[key] = lmap.get(key);
+      else
+        literal.erase(key);
+    }
+    if (lmap.empty()) continue;
+
+    const LiteralOutcome expected = literal_run(algadd, literal, plan);
+    ASSERT_TRUE(run(plan.steps, plan.mode, plan.table));
+    ASSERT_TRUE(identical(lmap, literal));
+    ASSERT_EQ(outcome(), expected);
+
+    ++modes[static_cast<std::size_t>(plan.mode)];
+    met.steps += expected.steps;
+    met.deletions += expected.deletions;
+    met.out_of_memory_bound |= expected.out_of_memory_bound;
+    met.overflow |= expected.overflow;
+  }
+  for (const int runs : modes) EXPECT_GT(runs, 500);
+  EXPECT_GT(met.steps, 5000);
+  EXPECT_GT(met.deletions, 500);
+  EXPECT_TRUE(met.out_of_memory_bound && met.overflow) << "the worlds must reach every ending";
+}
+
+}  // namespace
+}  // namespace kov
