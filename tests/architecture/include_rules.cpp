@@ -49,10 +49,9 @@ bool may_use_qt(const Layer& layer) {
 
 /// The standard library's headers have neither a folder nor an extension.
 bool is_standard_or_posix(const std::string& header) {
-  static constexpr std::array<std::string_view, 8> posix = {"fcntl.h",        "unistd.h",   "signal.h",
-                                                            "sys/resource.h", "sys/stat.h", "sys/types.h",
-                                                            "sys/wait.h",     "time.h"};
-  return std::ranges::find(posix, header) != posix.end() || header.find_first_of("./") == std::string::npos;
+  static constexpr std::array<std::string_view, 3> posix = {"fcntl.h", "signal.h", "unistd.h"};
+  return header.starts_with("sys/") || std::ranges::find(posix, header) != posix.end() ||
+         header.find_first_of("./") == std::string::npos;
 }
 
 std::optional<std::string> fault_of_library_include(const Include& include, const Layer& layer) {

@@ -60,6 +60,8 @@ const IncludeCase include_cases[] = {
     {"src/x.h",              "#include <vector>",              "in no layer that CMakeLists.txt declares"},
     {"src/lattice/x.h",      "#include <vector>",              ""},
     {"src/lattice/x.h",      "#include <unistd.h>",            ""},
+    {"src/lattice/x.h",      "#include <sys/stat.h>",          ""},
+    {"src/lattice/x.h",      "#include <stdio.h>",             "stdio.h is of neither"},
     {"src/lattice/x.h",      "#include <QString>",             "Qt (QString) outside"},
     {"src/lattice/x.h",      "#include <QtGui/QImage>",        "Qt (QtGui/QImage) outside"},
     {"src/lattice/qt/x.h",   "#include <QTableView>",          ""},
@@ -189,7 +191,7 @@ TEST(TextRules, FindDeadLinks) {
   const SourceTree tree = {
       {{"README.md", {"[a](docs/architecture.md#layers) [b](docs/nowhere.md)", "[c](https://example.org)"}},
        {"docs/x.md", {"[d](../README.md) [e](architecture.md) [f](README.md)"}}}};
-  EXPECT_EQ(dead_links(tree, KOV_ROOT),
+  EXPECT_EQ(dead_links(tree, KOV_SOURCE_DIR),
             (Findings{"README.md:1: dead link: docs/nowhere.md", "docs/x.md:1: dead link: README.md"}));
 }
 

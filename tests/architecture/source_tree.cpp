@@ -62,9 +62,10 @@ class Blanker {
       line.erase(i);
     } else if (rest.starts_with("/*")) {
       state_ = State::comment;
+      return i + 1;
     } else if (rest.starts_with("R\"")) {
-      const std::size_t bracket = rest.find('(');
-      if (bracket != std::string_view::npos) raw_end_ = ")" + std::string(rest.substr(2, bracket - 2)) + "\"";
+      raw_end_ = ")";
+      raw_end_.append(rest.substr(2, rest.find('(') - 2)).append("\"");
       state_ = State::raw_text;
       return i + 1;
     } else if (rest.front() == '"' || (rest.front() == '\'' && !follows_digit(line, i))) {

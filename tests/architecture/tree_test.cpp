@@ -11,7 +11,7 @@
 namespace kov::architecture {
 namespace {
 
-const std::filesystem::path root = KOV_ROOT;
+const std::filesystem::path root = KOV_SOURCE_DIR;
 
 /// The repository, read once for all rules.
 const SourceTree& repository() {
