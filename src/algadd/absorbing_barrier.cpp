@@ -13,10 +13,6 @@ cotyp take(Lmap& lmap, const Lk& key) {
   return q;
 }
 
-void put(Lmap& lmap, const Lk& key, const cotyp& q) {
-  if (!is_zero(q)) require_no_overflow(lmap.add(key, q));
-}
-
 }  // namespace
 
 AbsorbingBarrier AbsorbingBarrier::read(const cphclass& cph) {
@@ -42,8 +38,9 @@ void AbsorbingBarrier::apply(Lmap& destination, std::int32_t n) const {
   const cotyp q0 = take(destination, Lk::at(0, n));
   // Before q0 arrives: with k1 = 0 the origin of ldest1 gives only what was there already.
   const cotyp q1 = require_no_overflow(take(destination, Lk::at(ldest1, n, k1)) * multp);
-  put(destination, Lk::at(ldest1, n), q0);
-  put(destination, Lk::at(ldest2, n, k1add), q1);
+  // A q0 of zero is added, too: even that can change the representation of the number that it meets.
+  require_no_overflow(destination.add(Lk::at(ldest1, n), q0));
+  if (!is_zero(q1)) require_no_overflow(destination.add(Lk::at(ldest2, n, k1add), q1));
 }
 
 }  // namespace kov

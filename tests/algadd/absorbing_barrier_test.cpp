@@ -45,6 +45,12 @@ TEST(AbsorbingBarrier, AbsentPointsCountAsZero) {
   EXPECT_EQ(applied(half, row_of({{Lk::at(0, 3), 7}})), "1 3: 7\n");
 }
 
+TEST(AbsorbingBarrier, AZeroIsAddedToTheOriginOfLdest1Alone) {
+  const cotyp beyond_exact_sums = 2147483647;
+  EXPECT_EQ(applied(half, row_of({{Lk::at(1, 3), beyond_exact_sums}})), "1 3: 2147483647~\n");
+  EXPECT_EQ(applied(half, row_of({{Lk::at(2, 3, -4), beyond_exact_sums}})), "2 3 -4: 2147483647\n");
+}
+
 TEST(AbsorbingBarrier, OtherRowsAndOtherCoordinatesAreNotTouched) {
   Lk aside = Lk::at(0, 3);
   aside.coo[2] = 1;

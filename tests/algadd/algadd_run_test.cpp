@@ -17,7 +17,7 @@ using std::chrono::milliseconds;
 class AlgaddRun : public RunFixture {
  protected:
   AlgaddRun() {
-    make_table({entry_of(1, 1), entry_of(1, -1)});
+    walking_table();
     lmap.set(Lk::at(0, 0), 1);
   }
 

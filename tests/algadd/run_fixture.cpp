@@ -38,6 +38,27 @@ void RunFixture::make_table(const std::vector<AlgaddEntry>& entries, int table) 
   for (const AlgaddEntry& entry : entries) algadd.set_entry(table, i++, entry);
 }
 
+void RunFixture::walking_table() { make_table({entry_of(1, 1), entry_of(1, -1)}); }
+
+void RunFixture::copying_table() {
+  algadd.erase_table(0);
+  make_table({entry_of(1)});
+}
+
+void RunFixture::make_rows(std::int32_t last, std::int32_t points) {
+  lmap.clear();
+  for (std::int32_t n = 0; n <= last; ++n) {
+    for (std::int32_t k = 0; k < points; ++k) lmap.set(Lk::at(0, n, k), k + 1);
+  }
+}
+
+void RunFixture::lift_limits() {
+  for (const char* limit :
+       {"Algadd_mem1_DisplayAfterKB", "Algadd_TM_DelSmallestAfterKB", "MaxAllowedMemOccupationInKB"}) {
+    set(limit, highest_int);
+  }
+}
+
 bool RunFixture::run(std::int32_t steps, RunMode mode, int table, const RunClock& clock) {
   const RunRequest request{.table = table, .mode = mode, .intro = {}, .steps = steps};
   return perform_algadd(algadd, lmap, cph, keep, request, {scripted, scripted, progress}, clock);

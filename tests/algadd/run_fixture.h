@@ -62,6 +62,15 @@ class RunFixture : public ::testing::Test {
   /// Entries 0, 1, ... of table 0.
   void make_table(const std::vector<AlgaddEntry>& entries, int table = 0);
 
+  /// Table 0: a step to the left and one to the right along k1, each of weight 1.
+  void walking_table();
+  /// Table 0: one entry that copies every point of lattice 0 into the next row.
+  void copying_table();
+  /// Fills the store with rows 0 ... last, each of so many points k1 + 1 from k1 = 0 on.
+  void make_rows(std::int32_t last, std::int32_t points);
+  /// No headline, deletion or stop until a test sets a limit.
+  void lift_limits();
+
   bool run(std::int32_t steps, RunMode mode = RunMode::keep, int table = 0, const RunClock& clock = {});
 
   std::vector<std::string> transcript;

@@ -2,37 +2,20 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
-#include <stdexcept>
-
 #include "lattice/row_edits.h"
-#include "numbers/errors.h"
 #include "run_fixture.h"
-#include "support/failing_allocation.h"
 #include "support/points_text.h"
 #include "text/integers.h"
 
 namespace kov {
 namespace {
 
-constexpr std::int32_t beyond_every_store = 2'000'000'000;
-
 class StepLoopTest : public RunFixture {
  protected:
   StepLoopTest() {
-    make_table({entry_of(1, 1), entry_of(1, -1)});
+    walking_table();
     lmap.set(Lk::at(0, 0), 1);
-    set("Algadd_mem1_DisplayAfterKB", beyond_every_store);
-    set("Algadd_TM_DelSmallestAfterKB", beyond_every_store);
-    set("MaxAllowedMemOccupationInKB", beyond_every_store);
-  }
-
-  /// Rows 0 ... last, each with so many points from k1 = 0 on.
-  void make_rows(std::int32_t last, std::int32_t points) {
-    lmap.clear();
-    for (std::int32_t n = 0; n <= last; ++n) {
-      for (std::int32_t k = 0; k < points; ++k) lmap.set(Lk::at(0, n, k), k + 1);
-    }
+    lift_limits();
   }
 
   /// Keeps what lies at k1 = from ... to.
@@ -41,12 +24,6 @@ class StepLoopTest : public RunFixture {
     box.min.coo[1] = from;
     box.max.coo[1] = to;
     keep.push_back(box);
-  }
-
-  /// One entry that copies every point into the next row.
-  void copying_table() {
-    algadd.erase_table(0);
-    make_table({entry_of(1)});
   }
 };
 
@@ -136,7 +113,6 @@ TEST_F(StepLoopTest, TheHeadlineComesOnceTheDisplayThresholdIsExceeded) {
 TEST_F(StepLoopTest, ReachingALimitExactlyDoesNothing) {
   copying_table();
   make_rows(0, 125);  // 125 * 176 = 22000 bytes
-  make_table({}, 0);
   algadd.erase_table(0);
   set("Algadd_mem1_DisplayAfterKB", 22);
   set("Algadd_TM_DelSmallestAfterKB", 22);
@@ -271,156 +247,6 @@ TEST_F(StepLoopTest, TheBytesBehindTheDeletionSetTheNextDisplay) {
   set("Algadd_mem1_DisplayAfterKB", 3);
   run(4, RunMode::all_but_last);  // 20 points at each headline, 10 left each time
   EXPECT_EQ(progress.headlines().size(), 4u);
-}
-
-class StepLoopErrors : public StepLoopTest {
- protected:
-  StepLoopErrors() { set("Algadd_mem1_DisplayAfterKB", 0); }
-
-  template <class Error>
-  void fail_at_second_headline(const Error& error) {
-    progress.on_headline = [this, error] {
-      if (progress.headlines().size() == 2) throw error;
-    };
-  }
-
-  /// The first step is whole, row 2 is gone, and the run's record and box are in order.
-  void expect_ended_in_second_step(const std::string& message) const {
-    EXPECT_EQ(transcript, (std::vector<std::string>{"beep", "error: " + message}));
-    EXPECT_EQ(points_text(lmap), "0 0: 1\n0 1 -1: 1\n0 1 1: 1\n");
-    EXPECT_EQ(algadd.last_run.steps, 1);
-    EXPECT_EQ(progress.log.back(), "hide");
-    EXPECT_FALSE(progress.is_open());
-  }
-};
-
-TEST_F(StepLoopErrors, TheProgramsOwnException) {
-  fail_at_second_headline(program_error("the text"));
-  EXPECT_TRUE(run(5));
-  expect_ended_in_second_step("the text\n  \n  Last n=2 deleted, because not necessarily complete.");
-}
-
-TEST_F(StepLoopErrors, RationalArithmetic) {
-  fail_at_second_headline(ratyp_error("ratyp error: de=0"));
-  run(5);
-  expect_ended_in_second_step("ratyp error: de=0\n  \n  Last n=2 deleted, because not necessarily complete.");
-}
-
-TEST_F(StepLoopErrors, FloatingPointOverflow) {
-  fail_at_second_headline(floating_overflow("text that is not shown"));
-  run(5);
-  expect_ended_in_second_step(
-      "Break because of floating point overflow in Algadd\n  \n  \n  "
-      "Last n=2 deleted, because not necessarily complete.");
-}
-
-TEST_F(StepLoopErrors, OtherMathError) {
-  fail_at_second_headline(math_error("invalid floating point operation"));
-  run(5);
-  expect_ended_in_second_step(
-      "Break because of MathError in Algadd:\n  invalid floating point operation\n  \n  "
-      "Last n=2 deleted, because not necessarily complete.");
-}
-
-TEST_F(StepLoopErrors, AnyOtherError) {
-  const char* const message =
-      "Break because of Algadd error\n  \n  Last n=2 deleted, because not necessarily complete.";
-  fail_at_second_headline(std::runtime_error("unknown"));
-  run(5);
-  expect_ended_in_second_step(message);
-}
-
-TEST_F(StepLoopErrors, AnErrorThatIsNoException) {
-  fail_at_second_headline(42);
-  run(5);
-  expect_ended_in_second_step(
-      "Break because of Algadd error\n  \n  Last n=2 deleted, because not necessarily complete.");
-}
-
-TEST_F(StepLoopErrors, WhileTheRowIsBuiltNothingOfItIsMerged) {
-  copying_table();
-  make_rows(0, 2000);
-  progress.on_breath = [] { throw program_error("inside"); };
-  run(1);
-  EXPECT_EQ(lmap.count(), 2000u);
-  EXPECT_EQ(lmap.nlast(), 0);
-  EXPECT_EQ(algadd.last_run.steps, 0);
-}
-
-TEST_F(StepLoopErrors, OverflowInTheKernelEndsTheRun) {
-  algadd.erase_table(0);
-  make_table({entry_of(cotyp::floating(1e100, 0)), entry_of(1, 1)});
-  run(10);
-  EXPECT_EQ(lmap.nlast(), 3);
-  EXPECT_EQ(algadd.last_run.steps, 3);
-  EXPECT_EQ(transcript,
-            (std::vector<std::string>{"beep",
-                                      "error: Break because of floating point overflow in Algadd\n  \n  \n  "
-                                      "Last n=4 deleted, because not necessarily complete."}));
-}
-
-TEST_F(StepLoopErrors, OverflowInTheBarrierEndsTheRun) {
-  algadd.erase_table(0);
-  make_table({entry_of(1, 0, 1, 1)});
-  lmap.clear();
-  lmap.set(Lk::at(1, 0), cotyp::floating(1e308, 0));
-  set("Obarr0_ldest1", 1);
-  set("Obarr1_multp_ldest2", 1000);
-  run(10);
-  EXPECT_EQ(points_text(lmap), "1 0: 1E308~ 0~i\n");
-  EXPECT_EQ(transcript.back(),
-            "error: Break because of floating point overflow in Algadd\n  \n  \n  "
-            "Last n=1 deleted, because not necessarily complete.");
-}
-
-TEST_F(StepLoopErrors, WhatTheModeDeletedBeforeTheErrorStaysDeleted) {
-  copying_table();
-  make_rows(0, 3);
-  set("MaxAllowedMemOccupationInKB", 0);
-  progress.pressed = []() -> bool { throw std::runtime_error("behind the deletion"); };
-  run(5, RunMode::all_but_last);
-  EXPECT_TRUE(lmap.empty());
-}
-
-TEST_F(StepLoopErrors, TheRowBehindTheStepIsDeletedWhateverTheOffsets) {
-  algadd.erase_table(0);
-  make_table({entry_of(1, 0, 0, 0, 2)});
-  fail_at_second_headline(program_error("x"));
-  run(5);
-  EXPECT_EQ(points_text(lmap), "0 0: 1\n0 4: 1\n") << "row 2 of the second step, which merged row 4";
-}
-
-TEST_F(StepLoopErrors, MemoryThatRunsOutLeavesWholeRows) {
-  const std::string rows[] = {
-      "0 0: 1\n",
-      "0 0: 1\n0 1 -1: 1\n0 1 1: 1\n",
-      "0 0: 1\n0 1 -1: 1\n0 1 1: 1\n0 2 -2: 1\n0 2: 2\n0 2 2: 1\n",
-  };
-  const Lmap before = lmap;
-  set("Algadd_mem1_DisplayAfterKB", beyond_every_store);
-  int ended_early[3] = {};
-  for (std::int64_t k = 1;; ++k) {
-    lmap = before;
-    StepLoop loop(algadd, lmap, cph, keep, {}, 2, {scripted, scripted, progress});
-    const FailingAllocation failing(k);
-    bool box_failed = false;
-    try {
-      loop.run();
-    } catch (const std::bad_alloc&) {
-      box_failed = true;
-    }
-    if (!failing.happened()) break;
-    const auto steps = static_cast<std::size_t>(loop.steps_performed());
-    ASSERT_LE(steps, 2u);
-    EXPECT_EQ(points_text(lmap), rows[steps]);
-    EXPECT_FALSE(progress.is_open());
-    ++ended_early[steps];
-    if (loop.failure() && !box_failed) {
-      EXPECT_EQ(loop.failure()->substr(0, 29), "Break because of Algadd error");
-    }
-  }
-  EXPECT_GT(ended_early[0], 0);
-  EXPECT_GT(ended_early[1], 0);
 }
 
 }  // namespace
