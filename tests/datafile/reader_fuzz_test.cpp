@@ -64,7 +64,7 @@ TEST(ReadDataFile, OfMutatedBytesLeavesADocumentThatCanBeSavedAndReadBack) {
   const std::string original = short_file();
   FileDesk desk;
   desk.scripted.set_wl(0);
-  for (int round = 0; round < 3000; ++round) {
+  for (int round = 0; round < 2000; ++round) {
     const std::string text = mutated(original, random);
     ASSERT_EQ(desk.read_text(text), ReadOutcome::completed);
     const std::string saved = desk.state();

@@ -39,7 +39,7 @@ TEST(TextBuffer, HandsOnBlocksThatAreNeverLargerThanOneUnlessAPieceIs) {
     text += part;
     sizes.push_back(part.size());
   });
-  for (int i = 0; i < 300000; ++i) {
+  for (int i = 0; i < 500000; ++i) {
     out.put(i);
     out.put(' ');
     expected += std::to_string(i) + " ";
