@@ -66,6 +66,7 @@ constexpr std::uint32_t gcd(std::int32_t a, std::int32_t b) {
 /// a / divisor, for a divisor that is not 0 and divides a; signed division cannot take the divisors
 /// above the largest signed integer that gcd may give.
 constexpr std::int32_t divide_exactly(std::int32_t a, std::uint32_t divisor) {
+  if (divisor == 1) return a;  // most often, and the division is what an operation spends its time on
   const std::uint32_t quotient = magnitude(a) / divisor;
   return static_cast<std::int32_t>(a < 0 ? 0U - quotient : quotient);
 }
