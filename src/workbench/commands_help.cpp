@@ -2,7 +2,6 @@
 #include <string>
 
 #include "algadd/state_report.h"
-#include "text/integers.h"
 #include "workbench/command_groups.h"
 #include "workbench/compilation_date.h"
 
@@ -18,9 +17,8 @@ void show_info(Workbench&, User user) {
 
 void show_state(Workbench& workbench, User user) {
   const std::string report = state_report(workbench.document.lmap, workbench.document.algadd);
-  if (!user.questions.all_or_ok(report + "\n\nPress <All> to check all available memory\nelse <OK>")) return;
-  user.messages.information(int_text(static_cast<std::int64_t>(allocatable_megabytes())) +
-                            " MB are allocatable\nusing RAM and virtual memory on HD");
+  if (!user.questions.all_or_ok(report + memory_probe_offer)) return;
+  user.messages.information(allocatable_text(allocatable_megabytes()));
 }
 
 constexpr std::array<Command, 2> rows{{
