@@ -93,7 +93,6 @@ void Lmap::merge_new(Lmap& other) noexcept {
     return;
   }
   splice(other, other.points_.begin(), other.points_.end());
-  other.clear();
 }
 
 // Moved nodes keep their memory, and each goes in right behind the one before it wherever the gap there

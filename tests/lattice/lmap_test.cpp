@@ -80,7 +80,7 @@ TEST(Lmap, NeverStoresAZero) {
     for (Lmap* lmap : {&set, &added, &inserted}) lmap->set(key, row.before);
     set.set(key, row.written);
     expect_only(set, key, row.after_set, row.name);
-    added.add(key, row.written);
+    EXPECT_TRUE(added.add(key, row.written) == row.after_add) << row.name;
     expect_only(added, key, row.after_add, row.name);
     EXPECT_EQ(inserted.insert_new(key, row.written), is_zero(row.before) && !is_zero(row.written));
     expect_only(inserted, key, row.after_insert_new, row.name);

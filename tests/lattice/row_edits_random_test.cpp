@@ -166,7 +166,7 @@ void expect_same_edit(const EditPair& pair, RandomPoints& random) {
 TEST(RowEditsRandom, AgreeWithThePlainEdits) {
   for (const EditPair& pair : edit_pairs) {
     RandomPoints random(20'250'101);
-    for (int i = 0; i < 3000 && !::testing::Test::HasFailure(); ++i) expect_same_edit(pair, random);
+    for (int i = 0; i < 1500 && !::testing::Test::HasFailure(); ++i) expect_same_edit(pair, random);
   }
 }
 

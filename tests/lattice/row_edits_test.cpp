@@ -35,6 +35,7 @@ std::string rows_text(const Lmap& lmap) {
 const std::vector<std::int32_t> ten = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9};
 const std::vector<std::int32_t> gaps = {0, 1, 5, 9};
 const std::vector<std::int32_t> ends = {lowest_int, lowest_int + 1, 0, highest_int - 1, highest_int};
+const std::vector<std::int32_t> bottom = {lowest_int};
 const char* const ten_text = "0 1 2 3 4 5 6 7 8 9";
 const char* const gaps_text = "0 1 5 9";
 const char* const ends_text = "-2147483648 -2147483647 0 2147483646 2147483647";
@@ -125,9 +126,9 @@ TEST(DeleteAllButLast, CountsRowsBackFromTheLast) {
       {"more than there are",     ten,  {11},          ten_text},
       {"most",                    ten,  {highest_int}, ten_text},
       {"missing rows count",      gaps, {5},           "5 9"},
-      {"below all steps",         {{lowest_int}}, {1}, "-2147483648"},
-      {"far below all steps",     {{lowest_int}}, {highest_int}, "-2147483648"},
-      {"none of the lowest row",  {{lowest_int}}, {0}, ""},
+      {"below all steps",         bottom, {1}, "-2147483648"},
+      {"far below all steps",     bottom, {highest_int}, "-2147483648"},
+      {"none of the lowest row",  bottom, {0}, ""},
       {"both ends",               ends, {highest_int}, "2147483646 2147483647"},
       {"less than none",          ten,  {-1},          ""},
       {"far less than none",      ends, {lowest_int},  ""},
@@ -145,7 +146,7 @@ TEST(ChooseLast, MovesTheLastRowsAndErasesTheRest) {
       {"less than none",          ten,  {-3, 5},       ten_text},
       {"to the highest step",     ten,  {2, highest_int}, "-2147483648<9 2147483647<8"},
       {"most rows",               ends, {highest_int, 1}, "2147483646 2147483647"},
-      {"below all steps",         {{lowest_int}}, {3, 0}, "2<-2147483648"},
+      {"below all steps",         bottom, {3, 0}, "2<-2147483648"},
   }, [](Lmap& lmap, const auto& in) { ChooseLast(lmap, in[0], in[1]); });
 }
 
