@@ -13,7 +13,7 @@ std::string NumberDisplay::text(const cotyp& q) const {
   const double re = to_double(q.re);
   const double im = to_double(q.im);
   if (im == 0.0) return floating_text(re, digits);
-  const std::string imaginary = floating_text(im, digits) + "i";
+  std::string imaginary = floating_text(im, digits) + "i";
   if (re == 0.0) return imaginary;
   return floating_text(re, digits) + (im < 0.0 ? "" : "+") + imaginary;
 }

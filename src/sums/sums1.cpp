@@ -24,12 +24,12 @@ SumOutcome Sums1::sum_up(const Lmap& lmap, const RangeTable& table, const cphcla
   }
   label_ = invitation;
   const std::int64_t points_per_display = cph.kmi("Sums_EntryCountPerDisplay");
-  std::optional<RangeSums> sums = sum_ranges(lmap, table.range, points_per_display, progress);
+  const std::optional<RangeSums> sums = sum_ranges(lmap, table.range, points_per_display, progress);
   if (!sums) {
     display_.reset();
     return SumOutcome::broken;
   }
-  display_ = Display{.sums = std::move(*sums), .numbers = NumberDisplay::read(cph)};
+  display_ = Display{.sums = *sums, .numbers = NumberDisplay::read(cph)};
   return SumOutcome::displayed;
 }
 

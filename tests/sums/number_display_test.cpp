@@ -27,6 +27,8 @@ TEST(NumberDisplay, FloatingDisplay) {
       {cotyp(12345678, 1, 0, 1),               8,  "12345678"},
       {cotyp::floating(1.5e-5, 0.0),           7,  "1.5E-5"},
       {cotyp::floating(0.0, 0.0),              7,  "0"},
+      {cotyp::floating(-0.0, 2.0), 7, "2i"},
+      {cotyp::floating(-0.0, -0.0), 7, "0"},
       {cotyp::floating(2.0 / 3.0, 1e20),       2,  "0.67+1E20i"},
       {cotyp(ratyp(1, 8), ratyp::floating(-0.1)), 15, "0.125-0.1i"},
       {cotyp(7, 4, 0, 1),                      1,  "2"},
