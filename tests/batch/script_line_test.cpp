@@ -1,0 +1,89 @@
+#include "batch/script_line.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace kov {
+namespace {
+
+struct LineCase {
+  const char* line;
+  ScriptLine parsed;
+};
+
+class ParseLine : public testing::TestWithParam<LineCase> {};
+
+TEST_P(ParseLine, GivesItsValue) {
+  EXPECT_TRUE(parse_line(GetParam().line) == GetParam().parsed) << GetParam().line;
+}
+
+const UnknownLine no_such_line{"no such line"};
+const UnknownLine empty_answer{"an empty answer is written \"\""};
+const UnknownLine set_form{"expected: Set KEYWORD VALUE"};
+const UnknownLine check_form{"expected: Check NAME on, or off"};
+const UnknownLine break_form{"expected: Break N, with N from 1 on"};
+const UnknownLine print_form{"expected: Print WHAT, or Print WHAT > FILE"};
+
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Command, ParseLine, testing::Values(
+    LineCase{"File/Open",                            CommandLine{"File", "Open", {}}},
+    LineCase{"File/Open:",                           CommandLine{"File", "Open", {}}},
+    LineCase{"File/Open: ",                          CommandLine{"File", "Open", {}}},
+    LineCase{"File/Open: a b.aa1",                   CommandLine{"File", "Open", {"a b.aa1"}}},
+    LineCase{"File/Open:a/b:c.aa1",                  CommandLine{"File", "Open", {"a/b:c.aa1"}}},
+    LineCase{"Cmd/Choose Part: 1,2,3",               CommandLine{"Cmd", "Choose Part", {"1,2,3"}}},
+    LineCase{"File/Save as: x.aa1 | yes",            CommandLine{"File", "Save as", {"x.aa1", "yes"}}},
+    LineCase{"A/B:1|2|3",                            CommandLine{"A", "B", {"1", "2", "3"}}},
+    LineCase{"A/B: \"\"",                            CommandLine{"A", "B", {""}}},
+    LineCase{"A/B: 1 | \"\" | 2",                    CommandLine{"A", "B", {"1", "", "2"}}},
+    LineCase{"A/B: \"x\"",                           CommandLine{"A", "B", {"\"x\""}}},
+    LineCase{"Cmd/Ch.  last\t b.   0",               CommandLine{"Cmd", "Ch. last b. 0", {}}},
+    LineCase{"Sums1/Set full Range (-...+)",         CommandLine{"Sums1", "Set full Range (-...+)", {}}},
+    LineCase{"Mod/Init n=0 with 1",                  CommandLine{"Mod", "Init n=0 with 1", {}}},
+    LineCase{"Open/File/x",                          CommandLine{"Open", "File/x", {}}},
+    LineCase{"A/B: 1 |",                             empty_answer},
+    LineCase{"A/B: | 1",                             empty_answer},
+    LineCase{"A/B: 1 | | 2",                         empty_answer},
+    LineCase{"A/B: |",                               empty_answer},
+    LineCase{"Open",                                 no_such_line},
+    LineCase{"File: x",                              no_such_line},
+    LineCase{"print status",                         no_such_line},
+    LineCase{"Printer",                              no_such_line}));
+
+INSTANTIATE_TEST_SUITE_P(Verbs, ParseLine, testing::Values(
+    LineCase{"Set Slq_ColCount 30",                  SetLine{"Slq_ColCount", "30"}},
+    LineCase{"Set   Slq_ColCount \t -7",             SetLine{"Slq_ColCount", "-7"}},
+    LineCase{"Set Slq_ColCount x",                   SetLine{"Slq_ColCount", "x"}},
+    LineCase{"Set Slq_ColCount",                     set_form},
+    LineCase{"Set",                                  set_form},
+    LineCase{"Set Slq_ColCount 1 2",                 set_form},
+    LineCase{"Check CB0qre on",                      CheckLine{"CB0qre", true}},
+    LineCase{"Check CB0qre off",                     CheckLine{"CB0qre", false}},
+    LineCase{"Check CB0qre",                         check_form},
+    LineCase{"Check CB0qre On",                      check_form},
+    LineCase{"Check CB0qre on on",                   check_form},
+    LineCase{"Comment",                              CommentLine{""}},
+    LineCase{"Comment a  b",                         CommentLine{"a  b"}},
+    LineCase{"Comment   indented: |",                CommentLine{"  indented: |"}},
+    LineCase{"Echo",                                 EchoLine{""}},
+    LineCase{"Echo a > b",                           EchoLine{"a > b"}},
+    LineCase{"Echo\ttab",                            EchoLine{"tab"}},
+    LineCase{"Break 1",                              BreakLine{1}},
+    LineCase{"Break  2147483647",                    BreakLine{2147483647}},
+    LineCase{"Break",                                break_form},
+    LineCase{"Break 0",                              break_form},
+    LineCase{"Break -1",                             break_form},
+    LineCase{"Break 1 2",                            break_form},
+    LineCase{"Print status",                         PrintLine{"status", std::nullopt}},
+    LineCase{"Print  label   Sums1",                 PrintLine{"label Sums1", std::nullopt}},
+    LineCase{"Print Slsums1 > a b.txt",              PrintLine{"Slsums1", "a b.txt"}},
+    LineCase{"Print Slsums1>x",                      PrintLine{"Slsums1", "x"}},
+    LineCase{"Print status > a > b",                 PrintLine{"status", "a > b"}},
+    LineCase{"Print",                                print_form},
+    LineCase{"Print > x",                            print_form},
+    LineCase{"Print status >",                       print_form}));
+// clang-format on
+
+}  // namespace
+}  // namespace kov
