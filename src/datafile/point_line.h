@@ -6,7 +6,7 @@
 
 namespace kov {
 
-/// The fields of a point's line, as far as they can be read.
+/// The fields of a point's line, as far as they can be read; the texts look into the line.
 struct PointFields {
   /// Fields that convert: up to 32 integers, then the quantity's text. 33 when all are there.
   int count = 0;

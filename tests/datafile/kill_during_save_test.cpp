@@ -17,7 +17,7 @@ namespace {
 void fill(Document& document, bool large) {
   document.reset_data();
   document.comment = large ? "large\r\n" : "small\r\n";
-  const int points = large ? 3000 : 1000;
+  const int points = large ? 600 : 200;
   for (int k = 0; k < points; ++k) document.lmap.set(Lk::at(0, 0, k), cotyp(large ? 2 : 1));
 }
 

@@ -16,7 +16,8 @@ namespace {
 TEST(PointFields, GoToTheirPositions) {
   std::string text = "-7";
   for (int i = 0; i <= 30; ++i) text.append(" ").append(int_text(100 + i));
-  const PointFields fields = scan_point_fields(text + "\t1/2+3/4i rest");
+  text += "\t1/2+3/4i rest";
+  const PointFields fields = scan_point_fields(text);
   EXPECT_EQ(fields.count, point_field_count);
   EXPECT_EQ(fields.key.l(), -7);
   for (std::size_t i = 0; i <= 30; ++i) EXPECT_EQ(fields.key.coo[i], 100 + static_cast<int>(i));

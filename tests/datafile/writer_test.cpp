@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <regex>
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -31,9 +31,10 @@ TEST(WriteDataFile, WritesTheTextWithTheFilesNameAndTheDate) {
   const std::string label = " = T.M.J h:m:s\r\n";
   const std::string date = text.substr(5, text.find(label) - 5);
   EXPECT_EQ(text, data_file_text(desk.document, "walk.aa1", WithLattices::yes, date));
-  EXPECT_TRUE(
-      std::regex_match(date, std::regex("[0-3][0-9]\\.[01][0-9]\\.20[0-9]{2} [0-9]{2}:[0-9]{2}:[0-9]{2}")))
-      << date;
+  std::string shape = date;
+  std::replace_if(
+      shape.begin(), shape.end(), [](char c) { return c >= '0' && c <= '9'; }, '9');
+  EXPECT_EQ(shape, "99.99.9999 99:99:99");
 }
 
 TEST(WriteDataFile, ReadAndWrittenAgainIsTheSameButForTheDate) {
