@@ -1,0 +1,116 @@
+#include "interact/grid_model.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace kov {
+namespace {
+
+/// Two editable columns and rows beside the headings; remembers what happened.
+class RecordingGrid final : public GridModel {
+ public:
+  int column_count() const override { return 3; }
+  int row_count() const override { return 3; }
+  std::string text(GridCell cell) const override {
+    return std::to_string(cell.column) + "," + std::to_string(cell.row);
+  }
+  bool editable(GridCell cell) const override { return cell.column > 0 && cell.row > 0; }
+  int default_column_width() const override { return 50; }
+  bool key(const GridKey& key) override {
+    if (key.name != GridKey::Name::character || key.character != 'S') return false;
+    events.push_back("S");
+    return true;
+  }
+
+  std::vector<std::string> events;
+
+ protected:
+  void take_edit(GridCell cell, const std::string& edited) override {
+    events.push_back("take " + text(cell) + " " + edited);
+  }
+  void selection_moved() override { events.push_back("moved"); }
+  void clicked(GridClick click, GridCell cell) override {
+    events.push_back((click == GridClick::right ? "right " : "click ") + text(cell));
+  }
+};
+
+using Events = std::vector<std::string>;
+
+TEST(GridModel, TakesAnEditWhenTheSelectionLeavesTheCell) {
+  RecordingGrid grid;
+  grid.edit("x");
+  EXPECT_TRUE(grid.edited());
+  EXPECT_EQ(grid.editor_text(), "x");
+  grid.select({2, 2});
+  EXPECT_EQ(grid.events, (Events{"take 1,1 x", "moved"}));
+  EXPECT_FALSE(grid.edited());
+  EXPECT_EQ(grid.editor_text(), "2,2");
+}
+
+TEST(GridModel, TakesNothingFromACellThatWasNotEdited) {
+  RecordingGrid grid;
+  grid.select({2, 1});
+  grid.leave();
+  EXPECT_EQ(grid.events, (Events{"moved"}));
+}
+
+TEST(GridModel, IgnoresCellsOutsideTheGrid) {
+  RecordingGrid grid;
+  for (const GridCell cell : {GridCell{-1, 0}, GridCell{3, 0}, GridCell{0, 3}, GridCell{0, -1}}) {
+    grid.select(cell);
+    EXPECT_EQ(grid.selected(), (GridCell{1, 1}));
+  }
+}
+
+TEST(GridModel, NeverEditsAHeading) {
+  RecordingGrid grid;
+  grid.select({0, 0});
+  grid.edit("x");
+  EXPECT_FALSE(grid.edited());
+}
+
+TEST(GridModel, PressedCharactersReplaceTheTextAndThenAppend) {
+  RecordingGrid grid;
+  grid.press(GridKey::of('4'));
+  grid.press(GridKey::of('2'));
+  grid.press(GridKey::of('7'));
+  grid.press({GridKey::Name::backspace});
+  EXPECT_EQ(grid.editor_text(), "42");
+  grid.press(GridKey::of('S'));
+  EXPECT_EQ(grid.events, (Events{"S"}));
+  EXPECT_EQ(grid.editor_text(), "42");
+}
+
+TEST(GridModel, TabUpAndDownMoveTheSelection) {
+  RecordingGrid grid;
+  const auto after = [&grid](GridKey::Name name) {
+    grid.press({name});
+    return grid.selected();
+  };
+  EXPECT_EQ(after(GridKey::Name::tab), (GridCell{2, 1}));
+  EXPECT_EQ(after(GridKey::Name::tab), (GridCell{1, 2}));
+  EXPECT_EQ(after(GridKey::Name::down), (GridCell{1, 2}));
+  EXPECT_EQ(after(GridKey::Name::up), (GridCell{1, 1}));
+  EXPECT_EQ(after(GridKey::Name::up), (GridCell{1, 1}));
+}
+
+TEST(GridModel, AClickSelectsTheCellFirst) {
+  RecordingGrid grid;
+  grid.edit("x");
+  grid.click(GridClick::right, {2, 2});
+  EXPECT_EQ(grid.events, (Events{"take 1,1 x", "moved", "right 2,2"}));
+}
+
+TEST(GridModel, SaysThatItChanged) {
+  RecordingGrid grid;
+  int changes = 0;
+  grid.set_changed([&changes] { ++changes; });
+  grid.select({2, 2});
+  grid.edit("x");
+  grid.leave();
+  EXPECT_EQ(changes, 2);
+}
+
+}  // namespace
+}  // namespace kov
