@@ -60,6 +60,8 @@ class GridModel {
   virtual bool always_shows_editor() const { return false; }
   /// Pixels at the resolution of 96 dots an inch.
   virtual int default_column_width() const = 0;
+  /// Likewise for one column, where not all are alike.
+  virtual int column_width(int) const { return default_column_width(); }
 
   /// Does what choosing the tab of the grid's page does: computes anew whatever is computed.
   virtual void show() {}
@@ -75,6 +77,11 @@ class GridModel {
   void edit(std::string text);
   /// The grid is left: takes an edit.
   void leave();
+  /// Forgets an edit: the editor shows the cell's text again.
+  void give_up_edit() {
+    forget_edit();
+    changed();
+  }
 
   /// A key at the selected cell. True: the model has acted on it. False: it is the editor's or moves the
   /// selection, as in any grid.

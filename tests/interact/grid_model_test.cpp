@@ -102,6 +102,11 @@ TEST(GridModel, AClickSelectsTheCellFirst) {
   EXPECT_EQ(grid.events, (Events{"take 1,1 x", "moved", "right 2,2"}));
 }
 
+TEST(GridModel, HasColumnsOfOneWidthUnlessItSaysOtherwise) {
+  const RecordingGrid grid;
+  for (int column = 0; column < grid.column_count(); ++column) EXPECT_EQ(grid.column_width(column), 50);
+}
+
 TEST(GridModel, SaysThatItChanged) {
   RecordingGrid grid;
   int changes = 0;
