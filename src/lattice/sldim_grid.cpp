@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <string_view>
 
+#include "interact/grid_keys.h"
 #include "lattice/slice_keys.h"
 #include "text/integers.h"
 #include "text/tokens.h"
@@ -50,9 +51,9 @@ std::string SldimGrid::hint(GridCell cell) const {
 }
 
 bool SldimGrid::key(const GridKey& key) {
-  if (is_left_to_editor(key, typed_characters)) return false;
+  if (passes_to_editor(key, typed_characters)) return false;
   const int delta = step_of(key);
-  const char letter = character_looked_up(key);
+  const char letter = upper_character(key);
   if (letter == 'X') {
     view_.set_xdim(position_of(selected()));
   } else if (letter == 'Y') {

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string_view>
 
+#include "interact/grid_keys.h"
 #include "lattice/slice_keys.h"
 #include "text/integers.h"
 
@@ -79,7 +80,7 @@ std::string SlqGrid::hint(GridCell cell) const {
 }
 
 bool SlqGrid::key(const GridKey& key) {
-  if (is_left_to_editor(key, typed_characters)) return false;
+  if (passes_to_editor(key, typed_characters)) return false;
   const int delta = step_of(key);
   const bool in_slice = editable(selected());
   if (key.name != GridKey::Name::enter && (delta == 0 || !in_slice)) messages_.beep();
