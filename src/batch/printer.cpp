@@ -52,9 +52,8 @@ void print_menu(Workbench& workbench, User, Output& output) {
 }
 
 void print_Slsums1(Workbench& workbench, User user, Output& output) {
-  const Document& document = workbench.document;
   workbench.show_page(Page::sums1);
-  workbench.sums1.sum_up_and_report(document.lmap, document.ranges.current_table(), document.cph, user);
+  workbench.sums1.sum_up(user);
   for (int row = 0; row < Slsums1_rows; ++row) {
     for (int column = 0; column < Slsums1_columns; ++column) {
       output.write(workbench.sums1.Slsums1_text(column, row));

@@ -1,28 +1,14 @@
 #include "sums/range_sums.h"
 
 #include <algorithm>
-#include <string>
 
 #include "numbers/checked_integer.h"
-#include "text/integers.h"
+#include "sums/sum_progress.h"
 
 namespace kov {
 namespace {
 
-// The squares stay a real number until the end: their imaginary part is an exact zero throughout.
-struct Accumulator {
-  std::int64_t count = 0;
-  cotyp q;
-  ratyp squares;
-
-  void add(const cotyp& point, const ratyp& square) {
-    ++count;
-    q += point;
-    squares += square;
-  }
-};
-
-using Accumulators = std::array<Accumulator, sum_row_count>;
+using Accumulators = std::array<PointSum, sum_row_count>;
 
 // The quotient squares its divisor on the way; a square beyond the largest double would make a small
 // ratio of large numbers look like zero.
@@ -33,9 +19,11 @@ cotyp finite_quotient(const cotyp& dividend, const cotyp& divisor) {
   return quotient;
 }
 
+}  // namespace
+
 // Every point is finite, so a sum that leaves the finite numbers becomes infinite and stays so, and its
 // average with it: testing the averages, behind the last point, finds it.
-SumRow finished_row(const Accumulator& sums) {
+SumRow finished_row(const PointSum& sums) {
   SumRow row;
   row.value[sum_cnt] = count_quantity(sums.count);
   row.value[sum_q] = sums.q;
@@ -46,6 +34,8 @@ SumRow finished_row(const Accumulator& sums) {
   }
   return row;
 }
+
+namespace {
 
 void divide_by_row(SumRow& row, const SumRow& divisor, std::size_t divisor_index) {
   if (is_zero(divisor.value[sum_cnt])) return;
@@ -74,17 +64,10 @@ cotyp count_quantity(std::int64_t count) {
   return {ratyp::floating(static_cast<double>(count)), 0};
 }
 
-std::string sum_progress_text(std::int64_t point, std::int64_t count) {
-  return "lattice point " + int_text(point) + " of " + int_text(count) + " summed up";
-}
-
 std::optional<RangeSums> sum_ranges(const Lmap& lmap, const std::array<KeyBox, 2>& ranges,
                                     std::int64_t points_per_display, Progress& progress) {
-  const auto count = static_cast<std::int64_t>(lmap.count());
-  const std::int64_t display_step = std::max<std::int64_t>(points_per_display, 1);
-  ProgressBox box(progress, 0, count);
+  SumProgress walk(progress, static_cast<std::int64_t>(lmap.count()), points_per_display);
   Accumulators accumulators;
-  std::int64_t next_display = display_step;
   const auto end = lmap.end();
   for (auto place = lmap.begin(); place != end; ++place) {
     const cotyp q = place.quantity();
@@ -93,12 +76,7 @@ std::optional<RangeSums> sum_ranges(const Lmap& lmap, const std::array<KeyBox, 2
       if (ranges[range].contains(place.key())) accumulators[range].add(q, square);
     }
     accumulators[sum_total].add(q, square);
-    if (const std::int64_t point = accumulators[sum_total].count; point == next_display) {
-      progress.headline(sum_progress_text(point, count));
-      box.at(point);
-      if (progress.break_requested()) return std::nullopt;
-      next_display += display_step;
-    }
+    if (!walk.advance()) return std::nullopt;
   }
   return finished(accumulators);
 }

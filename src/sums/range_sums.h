@@ -33,8 +33,24 @@ using RangeSums = std::array<SumRow, sum_row_count>;
 /// floating from 2147483647 on.
 cotyp count_quantity(std::int64_t count);
 
-/// "lattice point 10000 of 20000 summed up".
-std::string sum_progress_text(std::int64_t point, std::int64_t count);
+/// What is added up, point by point. The squares stay a real number until the end: their imaginary part is
+/// an exact zero throughout.
+struct PointSum {
+  std::int64_t count = 0;
+  cotyp q;
+  ratyp squares;
+
+  /// square: qq(point), which several sums share.
+  void add(const cotyp& point, const ratyp& square) {
+    ++count;
+    q += point;
+    squares += square;
+  }
+};
+
+/// The row of a sum, averages included, without ratios. Throws floating_overflow or math_error when an
+/// average is not finite, which tells an overflow of the sum as well.
+SumRow finished_row(const PointSum& sums);
 
 /// Sums the store up over the two ranges, in one pass in key order with a progress box. After every
 /// points_per_display-th point (at least 1) the caption and the position are shown and Break is asked

@@ -19,7 +19,7 @@ void choose_sums1_table(Workbench& workbench, User user) {
                                  document.ranges.current_index(), range_table_bounds);
   if (!table) return;
   choose_range_table(document.ranges, *table, document.cph);
-  workbench.modify_range_menu_open = true;
+  workbench.sums1.open_menu();
 }
 
 }  // namespace kov

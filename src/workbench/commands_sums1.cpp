@@ -43,11 +43,7 @@ void copy_table(Workbench& workbench, User user) {
   if (to) copy_range_table(document.ranges, *to, document.cph);
 }
 
-void close_menu(Workbench& workbench, User user) {
-  const Document& document = workbench.document;
-  workbench.sums1.sum_up_and_report(document.lmap, document.ranges.current_table(), document.cph, user);
-  workbench.modify_range_menu_open = false;
-}
+void close_menu(Workbench& workbench, User user) { workbench.sums1.close_menu(user); }
 
 // clang-format off
 constexpr std::array<Command, 12> rows{{

@@ -7,7 +7,7 @@
 #include "datafile/document.h"
 #include "interact/user.h"
 #include "sums/range_menu.h"
-#include "sums/sums1.h"
+#include "sums/sums1_page.h"
 
 namespace kov {
 
@@ -18,6 +18,8 @@ enum class Page { lattices, list, comment, algadd, sums1, sums2, graph1, graph2,
 struct Workbench {
   /// The start-up state: the catalogue's defaults, empty lattices, default tables and view.
   Workbench(Messages& messages, const WindowFacts& facts);
+  Workbench(const Workbench&) = delete;
+  Workbench& operator=(const Workbench&) = delete;
 
   Document document;
   CurrentFile file;
@@ -28,9 +30,8 @@ struct Workbench {
   int active_page = 0;
   /// The entry whose column is selected on the Algadd page.
   int current_entry = 0;
-  /// The menus that the Algadd and Sums1 pages open and close.
+  /// The menu that the Algadd page opens and closes.
   bool algadd_menu_open = false;
-  bool modify_range_menu_open = false;
   /// The check boxes "Destination = Range 1" and "Destination = Range 2".
   RangeDestinations range_is_destination = {true, true};
   /// Graph1's check boxes: CB0qre, CB0qim, CB0qq, CB0qa, CB0cntAt, CB1qre, ...
@@ -39,8 +40,8 @@ struct Workbench {
   bool graph1_overlay = false;
   /// Graph2's radio button, 0 ... 9.
   int graph2_radio_index = 0;
-  /// What the Sums1 page shows.
-  Sums1 sums1;
+  /// What the Sums1 page shows around its grids, its Modify Range menu included.
+  Sums1Page sums1{document.lmap, document.ranges, document.cph};
   /// Set by Exit: nothing more is to be carried out.
   bool exit_requested = false;
 

@@ -72,7 +72,7 @@ TEST(Sums1Menu, ChangeTableNumberStoresTheIndexAndOpensTheMenu) {
                           "To choose Sums1 (Range) table index\nenter integer i [0<=i<=31]", "5"));
   EXPECT_EQ(desk.document().ranges.current_index(), 5);
   EXPECT_EQ(desk.document().cph.kmi("Sums1_DefaultTableIndex"), 5);
-  EXPECT_TRUE(desk.workbench.modify_range_menu_open);
+  EXPECT_TRUE(desk.workbench.sums1.menu_open());
   EXPECT_EQ(desk.caption("Sums1", "Change Table Number"), "Choose new Table (curr.: 5)");
   EXPECT_EQ(desk.run("Sums1", "Change Table Number", {"32"}).back(), "refused: 32");
   EXPECT_EQ(desk.document().ranges.current_index(), 5);
@@ -95,9 +95,9 @@ TEST(Sums1Menu, CopyTableCopiesEverythingAndChangesToTheCopy) {
 TEST(Sums1Menu, CloseSumsUpAndDisplays) {
   Desk desk;
   desk.fill_rows(0, 2);
-  desk.workbench.modify_range_menu_open = true;
+  desk.workbench.sums1.open_menu();
   EXPECT_EQ(desk.run_text("Sums1", "Close"), "");
-  EXPECT_FALSE(desk.workbench.modify_range_menu_open);
+  EXPECT_FALSE(desk.workbench.sums1.menu_open());
   EXPECT_EQ(desk.workbench.sums1.Slsums1_text(1, 1), "1");
   EXPECT_EQ(desk.workbench.sums1.Slsums1_text(3, 1), "3");
   EXPECT_EQ(desk.workbench.sums1.Slsums1_text(3, 2), "6");

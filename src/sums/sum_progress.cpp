@@ -1,0 +1,18 @@
+#include "sums/sum_progress.h"
+
+#include "text/integers.h"
+
+namespace kov {
+
+std::string sum_progress_text(std::int64_t point, std::int64_t count) {
+  return "lattice point " + int_text(point) + " of " + int_text(count) + " summed up";
+}
+
+bool SumProgress::display() {
+  progress_.headline(sum_progress_text(point_, count_));
+  box_.at(point_);
+  next_display_ += display_step_;
+  return !progress_.break_requested();
+}
+
+}  // namespace kov

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <string>
+
+#include "interact/progress.h"
+
+namespace kov {
+
+/// "lattice point 10000 of 20000 summed up".
+std::string sum_progress_text(std::int64_t point, std::int64_t count);
+
+/// The progress of a walk over all points of the store, which shows the box as long as it lives.
+class SumProgress {
+ public:
+  /// After every points_per_display-th point (at least 1) the walk is shown and Break is asked for.
+  SumProgress(Progress& progress, std::int64_t count, std::int64_t points_per_display)
+      : progress_(progress),
+        box_(progress, 0, count),
+        count_(count),
+        display_step_(std::max<std::int64_t>(points_per_display, 1)),
+        next_display_(display_step_) {}
+
+  /// One more point was summed up. False when Break was pressed.
+  bool advance() { return ++point_ != next_display_ || display(); }
+
+ private:
+  bool display();
+
+  Progress& progress_;
+  ProgressBox box_;
+  std::int64_t count_;
+  std::int64_t display_step_;
+  std::int64_t next_display_;
+  std::int64_t point_ = 0;
+};
+
+}  // namespace kov
