@@ -107,6 +107,19 @@ TEST(GridModel, HasColumnsOfOneWidthUnlessItSaysOtherwise) {
   for (int column = 0; column < grid.column_count(); ++column) EXPECT_EQ(grid.column_width(column), 50);
 }
 
+TEST(GridModel, GivesAnEditUp) {
+  RecordingGrid grid;
+  int changes = 0;
+  grid.set_changed([&] { ++changes; });
+  grid.edit("x");
+  grid.give_up_edit();
+  EXPECT_FALSE(grid.edited());
+  EXPECT_EQ(grid.editor_text(), grid.text({1, 1}));
+  EXPECT_EQ(changes, 1);
+  grid.leave();
+  EXPECT_EQ(grid.events, Events{});
+}
+
 TEST(GridModel, SaysThatItChanged) {
   RecordingGrid grid;
   int changes = 0;

@@ -1,0 +1,71 @@
+#include "widgets/progress_group.h"
+
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QProgressBar>
+#include <QPushButton>
+#include <algorithm>
+#include <utility>
+
+namespace kov {
+namespace {
+
+constexpr int bar_steps = 1000;
+
+QGroupBox* box_around(QWidget* content, QWidget* parent) {
+  auto* box = new QGroupBox(parent);
+  auto* layout = new QHBoxLayout(box);
+  layout->addWidget(content);
+  return box;
+}
+
+}  // namespace
+
+ProgressGroup::ProgressGroup(QWidget* parent)
+    : QWidget(parent), bar_(new QProgressBar), break_button_(new QPushButton(QStringLiteral("Break"))) {
+  progress_box_ = box_around(bar_, this);
+  break_box_ = box_around(break_button_, this);
+  progress_box_->setObjectName(QStringLiteral("ProgressBox"));
+  break_box_->setObjectName(QStringLiteral("BreakBox"));
+  bar_->setRange(0, bar_steps);
+  break_button_->setShortcut(Qt::Key_Escape);
+  break_button_->setToolTip(QStringLiteral("Stops the operation (Esc)"));
+  // A key that is still held down from before the operation must not press it.
+  break_button_->setFocusPolicy(Qt::NoFocus);
+  // The bar keeps its place when Break is pressed.
+  QSizePolicy policy = break_box_->sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  break_box_->setSizePolicy(policy);
+  auto* layout = new QHBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(progress_box_, 1);
+  layout->addWidget(break_box_);
+  connect(break_button_, &QPushButton::clicked, this, &ProgressGroup::press_break);
+  hide();
+}
+
+void ProgressGroup::start() {
+  pressed_ = false;
+  bar_->setValue(0);
+  break_box_->show();
+  show();
+}
+
+void ProgressGroup::show_progress(const QString& title, double fraction) {
+  progress_box_->setTitle(title);
+  bar_->setValue(static_cast<int>(std::clamp(fraction, 0.0, 1.0) * bar_steps));
+}
+
+void ProgressGroup::stop() {
+  pressed_ = false;
+  hide();
+}
+
+bool ProgressGroup::take_break() { return std::exchange(pressed_, false); }
+
+void ProgressGroup::press_break() {
+  pressed_ = true;
+  break_box_->hide();
+}
+
+}  // namespace kov

@@ -1,0 +1,70 @@
+// How large rows and columns are: from the model and the font, never from the texts of the cells.
+#include <QHeaderView>
+#include <algorithm>
+#include <cstddef>
+#include <utility>
+#include <vector>
+
+#include "widgets/cell_painter.h"
+#include "widgets/grid_adapter.h"
+#include "widgets/qt_text.h"
+#include "widgets/string_grid.h"
+
+namespace kov {
+namespace {
+
+constexpr double model_dots_per_inch = 96;
+/// The heading column is fitted to the headings of so many rows at most.
+constexpr int measured_headings = 64;
+/// Pixels around the text of a row.
+constexpr int row_padding = 8;
+
+}  // namespace
+
+int StringGrid::scaled(int pixels) const { return qRound(pixels * logicalDpiX() / model_dots_per_inch); }
+
+void StringGrid::apply_sizes() {
+  apply_row_height();
+  apply_column_widths();
+  apply_heading_width();
+}
+
+void StringGrid::apply_row_height() {
+  const int height = fontMetrics().height() + row_padding;
+  if (verticalHeader()->defaultSectionSize() == height) return;
+  verticalHeader()->setMinimumSectionSize(height);
+  verticalHeader()->setDefaultSectionSize(height);
+}
+
+/// A column that a person has made wider stays so until the model asks for another width.
+void StringGrid::apply_column_widths() {
+  const int usual = scaled(model_.default_column_width());
+  const int count = adapter_->columnCount();
+  std::vector<int> widths(static_cast<std::size_t>(count));
+  for (int c = 0; c < count; ++c) {
+    widths[static_cast<std::size_t>(c)] = scaled(model_.column_width(c + model_.fixed_columns()));
+  }
+  if (widths == widths_told_ && usual == horizontalHeader()->defaultSectionSize()) return;
+  horizontalHeader()->setMinimumSectionSize(1);
+  horizontalHeader()->setDefaultSectionSize(usual);
+  for (int c = 0; c < count; ++c) {
+    const int width = widths[static_cast<std::size_t>(c)];
+    if (width != usual) horizontalHeader()->resizeSection(c, width);
+  }
+  widths_told_ = std::move(widths);
+}
+
+void StringGrid::apply_heading_width() {
+  if (verticalHeader()->isHidden()) return;
+  int width = scaled(model_.column_width(0));
+  const int rows = std::min(model_.row_count(), measured_headings);
+  for (int row = 0; row < rows; ++row) {
+    const int text_width = fontMetrics().horizontalAdvance(to_qt(model_.text({0, row})));
+    width = std::max(width, text_width + 3 * cell_margin);
+  }
+  if (verticalHeader()->width() == width && verticalHeader()->minimumWidth() == width) return;
+  verticalHeader()->setFixedWidth(width);
+  updateGeometries();
+}
+
+}  // namespace kov
