@@ -6,6 +6,7 @@
 #include "batch/output.h"
 #include "batch/script_line.h"
 #include "interact/scripted_user.h"
+#include "workbench/pages.h"
 #include "workbench/workbench.h"
 
 namespace kov {
@@ -15,8 +16,9 @@ namespace kov {
 /// the caller to ask for.
 class LineExecutor {
  public:
-  LineExecutor(Workbench& workbench, ScriptedUser& user, Output& output, const ScriptedUser::Sink& sink)
-      : workbench_(workbench), user_(user), output_(output), sink_(sink) {}
+  LineExecutor(Workbench& workbench, Pages& pages, ScriptedUser& user, Output& output,
+               const ScriptedUser::Sink& sink)
+      : workbench_(workbench), pages_(pages), user_(user), output_(output), sink_(sink) {}
 
   bool operator()(const CommandLine& line);
   bool operator()(const SetLine& line);
@@ -25,14 +27,24 @@ class LineExecutor {
   bool operator()(const EchoLine& line);
   bool operator()(const BreakLine& line);
   bool operator()(const PrintLine& line);
+  bool operator()(const CellLine& line);
+  bool operator()(const KeyLine& line);
+  bool operator()(const ClickLine& line);
   bool operator()(const UnknownLine& line);
 
  private:
+  class Answers;
   class Break;
 
   bool fail(const std::string& reason);
+  bool fail_for_want_of(const char* what, const std::string& name);
+  /// The grid, entered; null, and reported, when it has no such cell. Only for names of grids.
+  GridModel* enter(const CellName& place);
+  /// Likewise, with the cell selected.
+  GridModel* select(const CellName& place);
 
   Workbench& workbench_;
+  Pages& pages_;
   ScriptedUser& user_;
   Output& output_;
   const ScriptedUser::Sink& sink_;

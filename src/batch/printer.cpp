@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <string>
 
 #include "lattice/lattice_status.h"
-#include "sums/sums_display.h"
 #include "text/integers.h"
 #include "workbench/command.h"
 
@@ -51,37 +51,66 @@ void print_menu(Workbench& workbench, User, Output& output) {
   }
 }
 
-void print_Slsums1(Workbench& workbench, User user, Output& output) {
-  workbench.show_page(Page::sums1);
-  workbench.sums1.sum_up(user);
-  for (int row = 0; row < Slsums1_rows; ++row) {
-    for (int column = 0; column < Slsums1_columns; ++column) {
-      output.write(workbench.sums1.Slsums1_text(column, row));
-      output.write(column + 1 < Slsums1_columns ? "\t" : "\n");
+void print_grid(const GridModel& grid, Output& output) {
+  const int last_column = grid.column_count() - 1;
+  for (int row = 0; row < grid.row_count(); ++row) {
+    for (int column = 0; column <= last_column; ++column) {
+      output.write(grid.text({column, row}));
+      output.write(column < last_column ? "\t" : "\n");
     }
   }
 }
 
 struct NamedPrinter {
   std::string_view what;
-  Printer print;
+  void (*print)(Workbench& workbench, User user, Output& output);
 };
 
-constexpr std::array<NamedPrinter, 6> printers{{
+constexpr std::array<NamedPrinter, 5> printers{{
     {"status", print_status},
     {"caption", print_caption},
     {"comment", print_comment},
     {"lattice", print_lattice},
     {"menu", print_menu},
-    {"Slsums1", print_Slsums1},
 }};
+
+struct LabelledPage {
+  std::string_view what;
+  Page page;
+};
+
+constexpr std::array<LabelledPage, 5> labelled_pages{{
+    {"label Algadd", Page::algadd},
+    {"label Sums1", Page::sums1},
+    {"label Sums2", Page::sums2},
+    {"label Graph1", Page::graph1},
+    {"label Graph2", Page::graph2},
+}};
+
+template <class Row, std::size_t size>
+const Row* find_row(const std::array<Row, size>& table, std::string_view what) {
+  const auto found =
+      std::find_if(table.begin(), table.end(), [&](const Row& row) { return row.what == what; });
+  return found == table.end() ? nullptr : &*found;
+}
 
 }  // namespace
 
-Printer find_printer(std::string_view what) {
-  const auto found = std::find_if(printers.begin(), printers.end(),
-                                  [&](const NamedPrinter& printer) { return printer.what == what; });
-  return found == printers.end() ? nullptr : found->print;
+Printer find_printer(std::string_view what, Workbench& workbench, Pages& pages, User user) {
+  if (const NamedPrinter* printer = find_row(printers, what)) {
+    return [print = printer->print, &workbench, user](Output& output) { print(workbench, user, output); };
+  }
+  if (const LabelledPage* labelled = find_row(labelled_pages, what)) {
+    return [page = labelled->page, &pages](Output& output) {
+      pages.show(page);
+      output.write(pages.label(page) + "\n");
+    };
+  }
+  if (!Pages::is_grid(what)) return nullptr;
+  return [page = Pages::page_of(what), grid = pages.grid(what), &pages](Output& output) {
+    pages.show(page);
+    print_grid(*grid, output);
+  };
 }
 
 }  // namespace kov

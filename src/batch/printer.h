@@ -1,17 +1,20 @@
 #pragma once
 
+#include <functional>
 #include <string_view>
 
 #include "batch/output.h"
+#include "workbench/pages.h"
 #include "workbench/workbench.h"
 
 namespace kov {
 
-/// What "Print WHAT" writes: status, caption, comment, lattice, menu, and the pages' grids, each of which
-/// shows its page first. Its words are given without running anything.
-using Printer = void (*)(Workbench& workbench, User user, Output& output);
+/// Writes what a "Print WHAT" asks for.
+using Printer = std::function<void(Output& output)>;
 
-/// Null when there is nothing of this name.
-Printer find_printer(std::string_view what);
+/// For status, caption, comment, lattice and menu; for the grids of the pages and for "label PAGE", which
+/// show their page first. Null when there is nothing of this name. Nothing is shown or run before the printer
+/// is called; the workbench, the pages and the user must outlive it.
+Printer find_printer(std::string_view what, Workbench& workbench, Pages& pages, User user);
 
 }  // namespace kov

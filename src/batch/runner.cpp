@@ -25,7 +25,8 @@ Runner::Runner(const Options& options, Output& output, ScriptedUser::Sink sink,
       interrupted_(std::move(interrupted)),
       user_(sink_, captions_of(options_)),
       workbench_(user_, WindowFacts{}),
-      executor_(workbench_, user_, output_, sink_) {
+      pages_(workbench_, user_.user()),
+      executor_(workbench_, pages_, user_, output_, sink_) {
   user_.set_yes(options_.yes);
   user_.set_interrupted(interrupted_);
 }

@@ -8,6 +8,7 @@
 #include "batch/output.h"
 #include "batch/script.h"
 #include "interact/scripted_user.h"
+#include "workbench/pages.h"
 #include "workbench/workbench.h"
 
 namespace kov {
@@ -41,6 +42,7 @@ class Runner {
   std::function<bool()> interrupted_;
   ScriptedUser user_;
   Workbench workbench_;
+  Pages pages_;
   LineExecutor executor_;
 };
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "batch/key_names.h"
 #include "text/integers.h"
 #include "text/tokens.h"
 
@@ -41,12 +42,18 @@ std::optional<std::vector<std::string>> parse_answers(std::string_view text) {
   return answers;
 }
 
+constexpr const char* empty_answer = "an empty answer is written \"\"";
+
+/// The answers behind a colon at this place of a line; none without one.
+std::optional<std::vector<std::string>> answers_behind(std::string_view line, std::size_t colon) {
+  return parse_answers(colon == std::string_view::npos ? "" : line.substr(colon + 1));
+}
+
 ScriptLine parse_command(std::string_view line, std::size_t slash) {
   const std::size_t colon = line.find(':', slash);
   const std::string_view item = line.substr(slash + 1, colon - slash - 1);
-  const std::string_view behind = colon == std::string_view::npos ? "" : line.substr(colon + 1);
-  auto answers = parse_answers(behind);
-  if (!answers) return UnknownLine{"an empty answer is written \"\""};
+  auto answers = answers_behind(line, colon);
+  if (!answers) return UnknownLine{empty_answer};
   return CommandLine{std::string(line.substr(0, slash)), with_single_blanks(item), std::move(*answers)};
 }
 
@@ -84,6 +91,52 @@ ScriptLine parse_print(std::string_view rest) {
   return print;
 }
 
+std::optional<GridCell> parse_cell(std::string_view text) {
+  const std::size_t comma = text.find(',');
+  if (comma == std::string_view::npos) return std::nullopt;
+  const auto column = parse_int32(text.substr(0, comma));
+  const auto row = parse_int32(text.substr(comma + 1));
+  if (!column || !row) return std::nullopt;
+  return GridCell{*column, *row};
+}
+
+/// The next two tokens, "GRID COLUMN,ROW".
+std::optional<CellName> take_cell_name(Tokens& tokens) {
+  const std::string_view grid = tokens.next();
+  const auto cell = parse_cell(tokens.next());
+  if (!cell) return std::nullopt;
+  return CellName{std::string(grid), *cell};
+}
+
+ScriptLine parse_cell_line(std::string_view rest) {
+  Tokens tokens(rest);
+  auto place = take_cell_name(tokens);
+  if (!place) return UnknownLine{"expected: Cell GRID COLUMN,ROW TEXT"};
+  const std::string_view text = tokens.rest();
+  return CellLine{std::move(*place), std::string(text.empty() ? text : text.substr(1))};
+}
+
+ScriptLine parse_key_line(std::string_view rest) {
+  Tokens tokens(rest);
+  auto place = take_cell_name(tokens);
+  const std::string_view key = tokens.next();
+  if (!place || key.empty() || !tokens.at_end()) return UnknownLine{"expected: Key GRID COLUMN,ROW KEY"};
+  return KeyLine{std::move(*place), std::string(key)};
+}
+
+ScriptLine parse_click_line(std::string_view rest) {
+  const std::size_t colon = rest.find(':');
+  Tokens tokens(rest.substr(0, colon));
+  auto place = take_cell_name(tokens);
+  const auto click = click_named(tokens.next());
+  if (!place || !click || !tokens.at_end()) {
+    return UnknownLine{"expected: Click GRID COLUMN,ROW left, or right, or double"};
+  }
+  auto answers = answers_behind(rest, colon);
+  if (!answers) return UnknownLine{empty_answer};
+  return ClickLine{std::move(*place), *click, std::move(*answers)};
+}
+
 ScriptLine parse_comment(std::string_view rest) { return CommentLine{std::string(rest)}; }
 ScriptLine parse_echo(std::string_view rest) { return EchoLine{std::string(rest)}; }
 
@@ -92,13 +145,16 @@ struct Verb {
   ScriptLine (*parse)(std::string_view rest);
 };
 
-constexpr std::array<Verb, 6> verbs{{
+constexpr std::array<Verb, 9> verbs{{
     {"Set", parse_set},
     {"Check", parse_check},
     {"Comment", parse_comment},
     {"Echo", parse_echo},
     {"Break", parse_break},
     {"Print", parse_print},
+    {"Cell", parse_cell_line},
+    {"Key", parse_key_line},
+    {"Click", parse_click_line},
 }};
 
 }  // namespace

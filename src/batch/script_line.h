@@ -7,6 +7,8 @@
 #include <variant>
 #include <vector>
 
+#include "interact/grid_model.h"
+
 namespace kov {
 
 // The lines of a script, as values: what a line asks for, before anybody looks whether there is such a
@@ -61,14 +63,43 @@ struct PrintLine {
   friend bool operator==(const PrintLine&, const PrintLine&) = default;
 };
 
+/// A cell of a grid, which may have neither that name nor that cell.
+struct CellName {
+  std::string grid;
+  GridCell cell;
+  friend bool operator==(const CellName&, const CellName&) = default;
+};
+
+/// "Cell GRID COLUMN,ROW TEXT": the text behind the one blank that follows the cell; it may be empty.
+struct CellLine {
+  CellName place;
+  std::string text;
+  friend bool operator==(const CellLine&, const CellLine&) = default;
+};
+
+/// "Key GRID COLUMN,ROW KEY".
+struct KeyLine {
+  CellName place;
+  std::string key;
+  friend bool operator==(const KeyLine&, const KeyLine&) = default;
+};
+
+/// "Click GRID COLUMN,ROW left", "right" or "double", perhaps with answers as a command's.
+struct ClickLine {
+  CellName place;
+  GridClick click = GridClick::left;
+  std::vector<std::string> answers;
+  friend bool operator==(const ClickLine&, const ClickLine&) = default;
+};
+
 /// A line of no known form, and why.
 struct UnknownLine {
   std::string reason;
   friend bool operator==(const UnknownLine&, const UnknownLine&) = default;
 };
 
-using ScriptLine =
-    std::variant<CommandLine, SetLine, CheckLine, CommentLine, EchoLine, BreakLine, PrintLine, UnknownLine>;
+using ScriptLine = std::variant<CommandLine, SetLine, CheckLine, CommentLine, EchoLine, BreakLine, PrintLine,
+                                CellLine, KeyLine, ClickLine, UnknownLine>;
 
 /// Reads one line without leading and trailing blanks that is neither empty nor a remark.
 ScriptLine parse_line(std::string_view line);

@@ -10,7 +10,9 @@ void choose_algadd_table(Workbench& workbench, User user) {
   const std::int32_t preset = workbench.document.cph.kmi("Algadd_DefaultTableIndex");
   const auto table =
       ask_integer(user.questions, dialog.caption, dialog.prompt, preset, {0, Algadd_TableCount - 1});
-  if (table) workbench.document.algadd.set_aanr(*table);
+  if (!table) return;
+  workbench.document.algadd.set_aanr(*table);
+  workbench.display().algadd_changed();
 }
 
 void choose_sums1_table(Workbench& workbench, User user) {
@@ -19,6 +21,7 @@ void choose_sums1_table(Workbench& workbench, User user) {
                                  document.ranges.current_index(), range_table_bounds);
   if (!table) return;
   choose_range_table(document.ranges, *table, document.cph);
+  workbench.display().ranges_changed();
   workbench.sums1.open_menu();
 }
 

@@ -81,25 +81,32 @@ void renumber_all_tables(Workbench& workbench, User) {
 
 void close_menu(Workbench& workbench, User) { workbench.algadd_menu_open = false; }
 
+/// What every command of the menu ends with, a cancelled one too: the grid is filled anew.
+template <void (*command)(Workbench&, User)>
+void then_refill(Workbench& workbench, User user) {
+  command(workbench, user);
+  workbench.display().algadd_changed();
+}
+
 // clang-format off
 constexpr std::array<Command, 17> rows{{
-    {"Algadd", "CopyTable",          "", copy_table},
-    {"Algadd", "EraseTable",         "", erase_table},
-    {"Algadd", "MultiplyAll_p",      "", ask_c_and_do<multiply_all_dialog, multiply_all_p>},
-    {"Algadd", "Mult_all_pabsnot1",  "", ask_c_and_do<multiply_abs_not_1_dialog, multiply_all_p_abs_not_1>},
-    {"Algadd", "MultiplySelected_p", "", ask_c_and_do<multiply_selected_dialog, multiply_selected_p>},
-    {"Algadd", "SetSelected_p",      "", ask_c_and_do<set_selected_dialog, set_selected_p>},
-    {"Algadd", "Select_p",           "", select_p},
-    {"Algadd", "ChooseNr",           "", choose_algadd_table},
-    {"Algadd", "CopyEntry",          "", copy_current_entry},
-    {"Algadd", "EraseEntry",         "", erase_current_entry},
-    {"Algadd", "RemoveEntry",        "", remove_current_entry},
-    {"Algadd", "RemoveTable",        "", remove_current_table},
-    {"Algadd", "InsertTable",        "", insert_new_table},
-    {"Algadd", "InsertEntry",        "", insert_new_entry},
-    {"Algadd", "RenumberEntries",    "", renumber_all_entries},
-    {"Algadd", "RenumberTables",     "", renumber_all_tables},
-    {"Algadd", "Close",              "", close_menu},
+    {"Algadd", "CopyTable",          "", then_refill<copy_table>},
+    {"Algadd", "EraseTable",         "", then_refill<erase_table>},
+    {"Algadd", "MultiplyAll_p",      "", then_refill<ask_c_and_do<multiply_all_dialog, multiply_all_p>>},
+    {"Algadd", "Mult_all_pabsnot1",  "", then_refill<ask_c_and_do<multiply_abs_not_1_dialog, multiply_all_p_abs_not_1>>},
+    {"Algadd", "MultiplySelected_p", "", then_refill<ask_c_and_do<multiply_selected_dialog, multiply_selected_p>>},
+    {"Algadd", "SetSelected_p",      "", then_refill<ask_c_and_do<set_selected_dialog, set_selected_p>>},
+    {"Algadd", "Select_p",           "", then_refill<select_p>},
+    {"Algadd", "ChooseNr",           "", then_refill<choose_algadd_table>},
+    {"Algadd", "CopyEntry",          "", then_refill<copy_current_entry>},
+    {"Algadd", "EraseEntry",         "", then_refill<erase_current_entry>},
+    {"Algadd", "RemoveEntry",        "", then_refill<remove_current_entry>},
+    {"Algadd", "RemoveTable",        "", then_refill<remove_current_table>},
+    {"Algadd", "InsertTable",        "", then_refill<insert_new_table>},
+    {"Algadd", "InsertEntry",        "", then_refill<insert_new_entry>},
+    {"Algadd", "RenumberEntries",    "", then_refill<renumber_all_entries>},
+    {"Algadd", "RenumberTables",     "", then_refill<renumber_all_tables>},
+    {"Algadd", "Close",              "", then_refill<close_menu>},
 }};
 // clang-format on
 

@@ -30,7 +30,7 @@ void read_file(Workbench& workbench, User user, Read read, const std::filesystem
     context.apply();
     throw;
   }
-  workbench.show_status(user.progress);
+  workbench.restore_status_line(user.progress);
 }
 
 void open(Workbench& workbench, User user) {
@@ -82,7 +82,7 @@ void save_current(const Workbench& workbench, User user) {
   if (!save_data_file(workbench.file.path, workbench.document, user)) {
     user.messages.information(workbench.file.name() + " was not saved.");
   }
-  workbench.show_status(user.progress);
+  workbench.restore_status_line(user.progress);
 }
 
 void save_as(Workbench& workbench, User user) {

@@ -23,8 +23,9 @@ void init(Workbench& workbench, User user) {
   workbench.show_status(user.progress);
 }
 
-void set_default_offset(Workbench& workbench, User) {
+void set_default_offset(Workbench& workbench, User user) {
   workbench.document.slice.set_default(workbench.document.cph);
+  workbench.show_status(user.progress);
 }
 
 void convert_to_float(Workbench& workbench, User user) {

@@ -11,6 +11,7 @@ namespace {
 template <void (*operation)(RangeTable&, const RangeDestinations&)>
 void change_bounds(Workbench& workbench, User) {
   operation(workbench.document.ranges.current_table(), workbench.range_is_destination);
+  workbench.display().ranges_changed();
 }
 
 using SetBounds = void (*)(RangeTable&, const RangeDestinations&, const Lk&);
@@ -19,16 +20,19 @@ template <SetBounds operation>
 void set_to_offset(Workbench& workbench, User) {
   operation(workbench.document.ranges.current_table(), workbench.range_is_destination,
             workbench.document.slice.offset());
+  workbench.display().ranges_changed();
 }
 
 template <SetBounds operation>
 void set_to_zero(Workbench& workbench, User) {
   operation(workbench.document.ranges.current_table(), workbench.range_is_destination, Lk{});
+  workbench.display().ranges_changed();
 }
 
 template <void (*operation)(RangeTable&)>
 void change_table(Workbench& workbench, User) {
   operation(workbench.document.ranges.current_table());
+  workbench.display().ranges_changed();
 }
 
 std::string choose_table_caption(const Workbench& workbench) {
@@ -40,7 +44,9 @@ void copy_table(Workbench& workbench, User user) {
   const auto to =
       ask_integer(user.questions, copy_range_table_caption, copy_range_table_prompt(document.ranges),
                   document.ranges.current_index(), range_table_bounds);
-  if (to) copy_range_table(document.ranges, *to, document.cph);
+  if (!to) return;
+  copy_range_table(document.ranges, *to, document.cph);
+  workbench.display().ranges_changed();
 }
 
 void close_menu(Workbench& workbench, User user) { workbench.sums1.close_menu(user); }

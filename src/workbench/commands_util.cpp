@@ -10,7 +10,7 @@ void choose_page(Workbench& workbench, User user) {
   const IntegerBounds pages{0, workbench.window.page_count - 1};
   const auto page = ask_integer(user.questions, "Page hotkey", "To quickly select active page",
                                 workbench.active_page, pages);
-  if (page) workbench.active_page = *page;
+  if (page) workbench.show_page(static_cast<Page>(*page));
 }
 
 constexpr std::array<Command, 1> rows{{

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <array>
+#include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "algadd/algadd_grid.h"
 #include "config/config_grid.h"
@@ -13,6 +16,7 @@
 #include "sums/range_grid.h"
 #include "sums/sums1_grid.h"
 #include "sums/sums2_grid.h"
+#include "workbench/display.h"
 #include "workbench/workbench.h"
 
 namespace kov {
@@ -20,23 +24,28 @@ namespace kov {
 /// The grids of all pages over one workbench, wired to each other: an edit in one of them redisplays what
 /// shows the same data, as do commands. The window shows them by widgets, kovbatch by lines of text.
 ///
-/// Only the page that is shown is kept up to date; any other computes what it shows when it is chosen.
-class Pages {
+/// Only the page that is shown is kept up to date; any other computes what it shows when it is chosen. What
+/// a redisplay cannot do, for lack of memory say, is reported and the page shows what it did before.
+class Pages : private Display {
  public:
-  /// Both must outlive the pages.
+  /// Both must outlive the pages, which are the workbench's display as long as they live.
   Pages(Workbench& workbench, User user);
-  ~Pages();
+  ~Pages() override;
   Pages(const Pages&) = delete;
   Pages& operator=(const Pages&) = delete;
 
   /// The grid of this name ("Slq", "Sldim", "Sllist", "SlAlgadd", "Slds1", "Slsums1", "Slsums2",
   /// "Slconfig"), or null.
   GridModel* grid(std::string_view name);
+  static bool is_grid(std::string_view name);
   /// The page that holds the grid of this name; only for names that grid() knows.
   static Page page_of(std::string_view grid_name);
 
   /// What choosing the tab of a page does: the page becomes the active one and computes what it shows.
   void show(Page page);
+  /// What a person does to work in a grid: its page is shown unless it is the active one, and edits under
+  /// way in the other grids are taken. Only for names that grid() knows.
+  GridModel& enter(std::string_view grid_name);
   /// After a command or an edit: redisplays what the active page shows.
   void refresh();
   /// Takes the edit under way in the grid that has one, as leaving it does; before a command runs.
@@ -44,11 +53,57 @@ class Pages {
 
   /// The text that a page shows behind or beside its grid: "Sums1", "Sums2", "Algadd" (the table menu's
   /// summary); empty where there is none or for another page.
-  std::string label(Page page);
+  std::string label(Page page) const;
+
+  /// Called whenever what stands around the grids may have changed: which page is active, a menu of a
+  /// page, a label, whether a grid is hidden, captions of commands.
+  void set_changed(std::function<void()> changed) { changed_ = std::move(changed); }
+
+  SlqGrid& slq() { return slq_; }
+  SldimGrid& sldim() { return sldim_; }
+  SllistGrid& sllist() { return sllist_; }
+  AlgaddGrid& algadd() { return algadd_; }
+  RangeGrid& slds1() { return slds1_; }
+  Sums1Grid& slsums1() { return slsums1_; }
+  Sums2Grid& slsums2() { return slsums2_; }
+  ConfigGrid& config() { return config_; }
 
  private:
+  void page_chosen() override;
+  void lattices_changed() override { refresh(); }
+  void algadd_changed() override;
+  void ranges_changed() override;
+  void parameter_changed(std::string_view keyword) override;
+  void document_changed() override;
+
+  void wire_lattice_grids();
+  void wire_algadd_grid();
+  bool is_active(Page page) const { return workbench_.active_page == static_cast<int>(page); }
+  void show_active_page();
+  void show_sums1();
+  /// After commands that also set parameters.
+  void show_config_if_active();
+  /// A cell of the slice was stored, or the slice is another one.
+  void slice_edited();
+  /// Every grid. The slice's comes before its definition's, whose edit makes the slice another one.
+  std::array<GridModel*, 8> all() {
+    return {&slq_, &sldim_, &sllist_, &algadd_, &slds1_, &slsums1_, &slsums2_, &config_};
+  }
+  void changed() const {
+    if (changed_) changed_();
+  }
+
   Workbench& workbench_;
   User user_;
+  SlqGrid slq_;
+  SldimGrid sldim_;
+  SllistGrid sllist_;
+  AlgaddGrid algadd_;
+  RangeGrid slds1_;
+  Sums1Grid slsums1_;
+  Sums2Grid slsums2_;
+  ConfigGrid config_;
+  std::function<void()> changed_;
 };
 
 }  // namespace kov

@@ -16,7 +16,7 @@ void start_up(Workbench& workbench, User user, std::span<const std::filesystem::
   } else {
     const auto path = std::filesystem::absolute(arguments.front());
     const ReadOutcome outcome = read_and_apply(file_context(workbench, user), path, every_step);
-    if (outcome != ReadOutcome::not_opened) workbench.show_status(user.progress);
+    if (outcome != ReadOutcome::not_opened) workbench.restore_status_line(user.progress);
   }
 }
 

@@ -59,9 +59,10 @@ void Workbench::apply_parameter(std::string_view keyword, Messages& messages) {
     if (effect.keyword == keyword) apply(effect, *this, messages);
   }
   take_check_box_from_parameter(*this, keyword);
+  display_->parameter_changed(keyword);
 }
 
-void Workbench::show_initial_page(Messages& messages) {
+void Workbench::choose_initial_page(Messages& messages) {
   constexpr std::string_view keyword = "F1_Initial_Active_Page";
   const std::int32_t page = document.cph.kmi(keyword);
   if (page < 0 || page >= window.page_count) {
@@ -71,6 +72,18 @@ void Workbench::show_initial_page(Messages& messages) {
   }
 }
 
-void Workbench::show_status(Progress& progress) const { progress.set_caption(status_line(document.lmap)); }
+void Workbench::show_page(Page page) {
+  active_page = static_cast<int>(page);
+  display_->page_chosen();
+}
+
+void Workbench::show_status(Progress& progress) const {
+  restore_status_line(progress);
+  display_->lattices_changed();
+}
+
+void Workbench::restore_status_line(Progress& progress) const {
+  progress.set_caption(status_line(document.lmap));
+}
 
 }  // namespace kov

@@ -8,6 +8,7 @@
 #include "interact/user.h"
 #include "sums/range_menu.h"
 #include "sums/sums1_page.h"
+#include "workbench/display.h"
 
 namespace kov {
 
@@ -49,18 +50,34 @@ struct Workbench {
   /// button index that does not exist (a data file's line may widen its own range) is reported, and the
   /// old one stays.
   void apply_parameters(Messages& messages);
-  /// Likewise for one parameter, after an edit of it: what was chosen by other means stays.
+  /// Likewise for one parameter, after an edit of it: what was chosen by other means stays. What shows it
+  /// is redisplayed.
   void apply_parameter(std::string_view keyword, Messages& messages);
 
-  /// Shows the page that F1_Initial_Active_Page names, as after a read.
-  void show_initial_page(Messages& messages);
-  void show_page(Page page) { active_page = static_cast<int>(page); }
+  /// Chooses the page that F1_Initial_Active_Page names, as after a read; showing it is left to
+  /// whoever tells the display that everything has changed.
+  void choose_initial_page(Messages& messages);
+  /// What choosing the tab of a page does.
+  void show_page(Page page);
 
   /// The ranges of the current range table, as the deletions outside Sums1 take them.
   const std::array<KeyBox, 2>& current_ranges() const { return document.ranges.current_table().range; }
 
-  /// The caption of the main window becomes the status line of the store.
+  /// What follows a change of the store: the caption of the main window becomes its status line, then
+  /// the page that is shown is redisplayed, where it depends on the store.
   void show_status(Progress& progress) const;
+  /// The first half of it: the status line comes back after other captions, and the store is what it was.
+  void restore_status_line(Progress& progress) const;
+
+  /// Who shows this workbench; without anybody, nothing is shown.
+  Display& display() const { return *display_; }
+  /// The display must stay until another one, or detach_display, takes its place.
+  void attach_display(Display& display) { display_ = &display; }
+  void detach_display() { display_ = &nobody_; }
+
+ private:
+  Display nobody_;
+  Display* display_ = &nobody_;
 };
 
 }  // namespace kov

@@ -43,7 +43,8 @@ TEST(Print, CommentWhoseLastLineHasNoEnd) {
   workbench.document.comment = "first\r\nlast";
   std::string text;
   StringOutput output(text);
-  find_printer("comment")(workbench, person.user(), output);
+  Pages pages(workbench, person.user());
+  find_printer("comment", workbench, pages, person.user())(output);
   EXPECT_EQ(text, "first\nlast\n");
 }
 
@@ -81,8 +82,13 @@ TEST(Print, Slsums1OfAnEmptyStoreHasLabelsOnly) {
 }
 
 TEST(Print, OtherWordsAreUnknown) {
-  for (const char* what : {"Status", "slsums1", "", "Slq", "Graph1"})
-    EXPECT_EQ(find_printer(what), nullptr) << what;
+  ScriptedUser person([](const std::string&) {});
+  Workbench workbench(person, WindowFacts{});
+  Pages pages(workbench, person.user());
+  for (const char* what : {"Status", "slsums1", "", "Slg2a", "Graph1", "label", "label Lattices",
+                           "label sums1", "labels Sums1"}) {
+    EXPECT_FALSE(find_printer(what, workbench, pages, person.user())) << what;
+  }
 }
 
 }  // namespace

@@ -97,7 +97,7 @@ INSTANTIATE_TEST_SUITE_P(Runner, Fail, testing::Values(
     FailCase{"Check CB9 on",               {"error: no such check box: CB9"}},
     FailCase{"Check CB0qre",               {"error: expected: Check NAME on, or off"}},
     FailCase{"Print nonsense",             {"error: nothing to print: nonsense"}},
-    FailCase{"Print Slq",                  {"error: nothing to print: Slq"}},
+    FailCase{"Print Slg2a",                {"error: nothing to print: Slg2a"}},
     FailCase{"Break 0",                    {"error: expected: Break N, with N from 1 on"}},
     FailCase{"Draw Graph1 x.png",          {"error: no such line"}},
     FailCase{"Radio Graph2 1",             {"error: no such line"}}));

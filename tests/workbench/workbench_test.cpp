@@ -82,7 +82,7 @@ TEST_P(InvalidIndex, IsReportedAndTheOldOneStays) {
   const IndexCase& c = GetParam();
   read_widened(desk.document(), c.keyword, c.value);
   desk.workbench.apply_parameter(c.keyword, desk.person);
-  if (std::string(c.keyword) == "F1_Initial_Active_Page") desk.workbench.show_initial_page(desk.person);
+  if (std::string(c.keyword) == "F1_Initial_Active_Page") desk.workbench.choose_initial_page(desk.person);
   EXPECT_EQ(desk.reports, (std::vector<std::string>{
                               "beep", std::string("error: InitPrgPar: Invalid default index: \n  kmi(\"") +
                                           c.keyword + "\")=" + c.value}));
@@ -103,7 +103,7 @@ INSTANTIATE_TEST_SUITE_P(Workbench, InvalidIndex, testing::Values(
 TEST(Workbench, ShowsTheInitialPage) {
   Desk desk;
   desk.document().cph.setkmi_1("F1_Initial_Active_Page", 8);
-  desk.workbench.show_initial_page(desk.person);
+  desk.workbench.choose_initial_page(desk.person);
   EXPECT_EQ(desk.workbench.active_page, static_cast<int>(Page::config));
 }
 
