@@ -84,8 +84,15 @@ void WindowUser::hide_box() {
   group_.stop();
   if (hooks_.lock) hooks_.lock(false);
   if (hooks_.time) hooks_.time(std::nullopt);
-  if (focus_ != nullptr && QApplication::focusWidget() != focus_) focus_->setFocus();
+  return_focus();
+}
+
+/// What had it may be gone or hidden now, as the editor of a grid: then what it was in gets it.
+void WindowUser::return_focus() {
+  QWidget* widget = focus_;
   focus_ = nullptr;
+  while (widget != nullptr && !widget->isVisible()) widget = widget->parentWidget();
+  if (widget != nullptr) widget->setFocus();
 }
 
 bool WindowUser::poll_break() {

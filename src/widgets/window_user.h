@@ -68,6 +68,7 @@ class WindowUser final : public Messages, public Questions, public Progress {
   void start(const Box& box);
   void appear();
   void show_state();
+  void return_focus();
   OperationTime operation_time() const;
   QWidget* parent_of_dialogs() const;
 

@@ -1,0 +1,82 @@
+#include "widgets/progress_group.h"
+
+#include <gtest/gtest.h>
+
+#include <QGroupBox>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QtTest>
+
+namespace kov {
+namespace {
+
+class ProgressGroupTest : public ::testing::Test {
+ protected:
+  ProgressGroup group;
+
+  QGroupBox& progress_box() { return *group.findChild<QGroupBox*>("ProgressBox"); }
+  QGroupBox& break_box() { return *group.findChild<QGroupBox*>("BreakBox"); }
+  QPushButton& button() { return *group.findChild<QPushButton*>(); }
+  int percent() {
+    const auto* bar = group.findChild<QProgressBar*>();
+    return 100 * bar->value() / bar->maximum();
+  }
+};
+
+TEST_F(ProgressGroupTest, ShowsTitleAndProgress) {
+  EXPECT_TRUE(group.isHidden());
+  group.start();
+  EXPECT_TRUE(progress_box().isVisible());
+  EXPECT_TRUE(break_box().isVisible());
+  EXPECT_EQ(percent(), 0);
+  group.show_progress("Algadd Progress", 0.5);
+  EXPECT_EQ(progress_box().title().toStdString(), "Algadd Progress");
+  EXPECT_EQ(percent(), 50);
+  group.show_progress("Algadd Progress", 7);
+  EXPECT_EQ(percent(), 100);
+  group.stop();
+  EXPECT_TRUE(group.isHidden());
+}
+
+TEST_F(ProgressGroupTest, BreakHidesItsBoxAndIsTakenOnce) {
+  group.start();
+  EXPECT_EQ(button().text().toStdString(), "Break");
+  EXPECT_TRUE(break_box().isAncestorOf(&button()));
+  EXPECT_FALSE(group.take_break());
+  const int width = progress_box().width();
+  QTest::mouseClick(&button(), Qt::LeftButton);
+  EXPECT_TRUE(break_box().isHidden());
+  EXPECT_TRUE(progress_box().isVisible());
+  QCoreApplication::processEvents();
+  EXPECT_EQ(progress_box().width(), width);
+  EXPECT_TRUE(group.take_break());
+  EXPECT_FALSE(group.take_break());
+  group.start();
+  EXPECT_TRUE(break_box().isVisible());
+}
+
+TEST_F(ProgressGroupTest, ANewOperationStartsUnpressed) {
+  group.start();
+  button().click();
+  group.stop();
+  EXPECT_FALSE(group.take_break());
+  group.start();
+  button().click();
+  group.start();
+  EXPECT_FALSE(group.take_break());
+}
+
+TEST_F(ProgressGroupTest, EscPressesBreakAndHeldKeysDoNot) {
+  group.start();
+  QApplication::setActiveWindow(&group);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&group));
+  QTest::keyClick(&group, Qt::Key_Space);
+  QTest::keyClick(&group, Qt::Key_Return);
+  EXPECT_FALSE(group.take_break());
+  QTest::keyClick(&group, Qt::Key_Escape);
+  QTest::qWait(150);  // a button that is pressed by its shortcut stays down for 100 ms
+  EXPECT_TRUE(group.take_break());
+}
+
+}  // namespace
+}  // namespace kov
