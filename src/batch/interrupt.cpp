@@ -16,7 +16,7 @@ void install_signal_handlers() {
   on_interrupt.sa_handler = note_interrupt;
   // Without SA_RESTART a read that waits for standard input returns; with SA_RESETHAND a program that
   // does not reach its next check can still be ended.
-  on_interrupt.sa_flags = SA_RESETHAND;
+  on_interrupt.sa_flags = static_cast<int>(SA_RESETHAND);
   sigemptyset(&on_interrupt.sa_mask);
   sigaction(SIGINT, &on_interrupt, nullptr);
 
