@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "batch/printer.h"
-#include "text/integers.h"
 #include "workbench/check_boxes.h"
 #include "workbench/command.h"
 
@@ -36,9 +35,7 @@ bool LineExecutor::operator()(const CommandLine& line) {
 }
 
 bool LineExecutor::operator()(const SetLine& line) {
-  const auto value = parse_int32(line.value);
-  if (!value) return fail(line.keyword + ": i is no int");
-  if (!workbench_.document.cph.setkmi_1(line.keyword, *value)) return false;
+  if (!workbench_.document.cph.set_from_text(line.keyword, line.value)) return false;
   workbench_.apply_parameter(line.keyword, user_);
   return true;
 }
@@ -48,7 +45,7 @@ bool LineExecutor::operator()(const CheckLine& line) {
 }
 
 bool LineExecutor::operator()(const CommentLine& line) {
-  workbench_.document.comment += line.text + "\r\n";
+  workbench_.document.append_comment_line(line.text);
   return true;
 }
 

@@ -3,11 +3,12 @@
 namespace kov {
 
 FileContext file_context(Workbench& workbench, User user) {
-  const auto apply = [&workbench, user] {
-    workbench.apply_parameters(user.messages);
-    workbench.show_initial_page(user.messages);
-  };
-  return {workbench.document, workbench.file, workbench.window, user, apply};
+  return {.document = workbench.document,
+          .current = workbench.file,
+          .window = workbench.window,
+          .user = user,
+          .apply = [&workbench, user] { workbench.apply_parameters(user.messages); },
+          .show_initial_page = [&workbench, user] { workbench.show_initial_page(user.messages); }};
 }
 
 }  // namespace kov

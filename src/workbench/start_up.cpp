@@ -1,5 +1,6 @@
 #include "workbench/start_up.h"
 
+#include <new>
 #include <string>
 
 #include "datafile/reader.h"
@@ -7,16 +8,27 @@
 
 namespace kov {
 
-void start_up(Workbench& workbench, User user, std::span<const std::filesystem::path> arguments) {
-  user.progress.set_caption(std::string(program_base_name) + " (no file specified)");
+namespace {
+
+void read_arguments(Workbench& workbench, User user, std::span<const std::filesystem::path> arguments) {
   if (arguments.size() > 1) {
     user.messages.error("Too many start parameters");
   } else if (arguments.empty()) {
     read_uniform_configuration(file_context(workbench, user));
   } else {
-    const auto path = std::filesystem::absolute(arguments.front());
-    const ReadOutcome outcome = read_and_apply(file_context(workbench, user), path, every_step);
+    const ReadOutcome outcome = read_and_apply(file_context(workbench, user), arguments.front(), every_step);
     if (outcome != ReadOutcome::not_opened) workbench.show_status(user.progress);
+  }
+}
+
+}  // namespace
+
+void start_up(Workbench& workbench, User user, std::span<const std::filesystem::path> arguments) {
+  user.progress.set_caption(std::string(program_base_name) + " (no file specified)");
+  try {
+    read_arguments(workbench, user, arguments);
+  } catch (const std::bad_alloc&) {
+    user.messages.error("Not enough memory; the read was ended.");
   }
 }
 

@@ -19,6 +19,8 @@ struct Workbench {
   /// The start-up state: the catalogue's defaults, empty lattices, default tables and view.
   Workbench(Messages& messages, const WindowFacts& facts);
 
+  /// Who is told things, for the warning level that a caption shows.
+  const Messages& person;
   Document document;
   CurrentFile file;
   /// Where the main window stands; the catalogue takes its geometry from here.

@@ -25,6 +25,7 @@ struct FileDesk {
   CurrentFile current;
   WindowFacts window;
   int applied = 0;
+  int pages_shown = 0;
 
   FileDesk() {
     document.cph.InitPrgPar(window);
@@ -32,10 +33,12 @@ struct FileDesk {
   }
 
   FileContext context() {
-    return {document, current, window, scripted.user(), [this] { ++applied; }};
+    return {document, current, window, scripted.user(), [this] { ++applied; }, [this] { ++pages_shown; }};
   }
   ReadOutcome read(const std::filesystem::path& path, std::int32_t nelast = every_step) {
-    return read_data_file(path, document, current, nelast, window, scripted.user());
+    auto file = open_data_file(path, document, window, scripted);
+    if (!file) return ReadOutcome::not_opened;
+    return read_opened_file(std::move(*file), document, current, nelast, scripted.user());
   }
   /// Writes the text to a file and reads it.
   ReadOutcome read_text(std::string_view text, std::int32_t nelast = every_step) {
