@@ -110,7 +110,7 @@ TEST(AlgaddTable, SelectTakesTwoEntryNumbers) {
                           "3, 5"));
   EXPECT_EQ(desk.algadd().selected_first(), 3);
   EXPECT_EQ(desk.algadd().selected_last(), 5);
-  for (const char* answer : {"0,256", "-1,5", "3", "3,4,5"}) {
+  for (const char* answer : {"0,256", "-1,5", "3", "3,4,5", "5,3"}) {
     EXPECT_EQ(desk.run("Algadd", "Select_p", {answer}).back(), std::string("refused: ") + answer);
   }
   EXPECT_EQ(desk.algadd().selected_last(), 5);
