@@ -1,5 +1,6 @@
 #include "workbench/start_up.h"
 
+#include <exception>
 #include <new>
 #include <string>
 
@@ -24,11 +25,13 @@ void read_arguments(Workbench& workbench, User user, std::span<const std::filesy
 }  // namespace
 
 void start_up(Workbench& workbench, User user, std::span<const std::filesystem::path> arguments) {
-  user.progress.set_caption(std::string(program_base_name) + " (no file specified)");
   try {
+    user.progress.set_caption(std::string(program_base_name) + " (no file specified)");
     read_arguments(workbench, user, arguments);
   } catch (const std::bad_alloc&) {
     user.messages.error("Not enough memory; the read was ended.");
+  } catch (const std::exception& error) {
+    user.messages.error(error.what());
   }
 }
 

@@ -28,7 +28,7 @@ void fill_every_part(Document& document) {
   entry.offset = Lk::at(1, 2, -1);
   document.algadd.set_entry(0, 2, entry);
   document.algadd.set_entry(15, 255, entry);
-  document.algadd.select(5, 3);
+  document.algadd.select(3, 5);
   document.ranges.table(31).range[0] = {Lk::filled(lowest_int), Lk::filled(highest_int)};
   document.ranges.table(0).range[1] = {Lk::at(1, 2, 3), Lk::at(4, 5, 6)};
   document.ranges.table(0).icoo_along_x_in_g = {2, 31};

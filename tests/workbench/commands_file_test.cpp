@@ -73,6 +73,31 @@ TEST(File, ReadTillStopsBehindItsStep) {
   EXPECT_EQ(desk.document().cph.kmi("Slq_ColCount"), 25);
 }
 
+TEST(File, ReadTillTheSmallestIntegerIsNoReadOfTheConfigurationAlone) {
+  Desk desk;
+  write_text("widened.aa1", "File_in_nelast -2147483648 -2147483648 2147483647 0\r\n");
+  desk.run("File", "Open", {"widened.aa1"});
+  ASSERT_EQ(desk.document().cph.kmi("File_in_nelast"), lowest_int);
+  desk.fill_rows(0, 2);
+  write_text("x.aa1", "\"comment\r\n" + rows_file(1));
+  desk.run("File", "Read till n", {"x.aa1"});
+  EXPECT_EQ(desk.document().comment, "comment\r\n");
+  EXPECT_EQ(desk.rows(), "");
+  EXPECT_EQ(desk.workbench.file.name(), "x.aa1");
+}
+
+TEST(File, ReadTillMakesTheFileTheCurrentOne) {
+  Desk desk;
+  desk.document().cph.setkmi_1("File_in_nelast", 0);
+  write_text("x.aa1", rows_file(2));
+  desk.run("File", "Read till n", {"x.aa1"});
+  EXPECT_EQ(desk.workbench.file.path, fs::current_path() / "x.aa1");
+  EXPECT_TRUE(desk.workbench.file.chosen);
+  EXPECT_FALSE(desk.workbench.file.read_aborted);
+  EXPECT_EQ(desk.run_text("File", "Read again"), "");
+  EXPECT_EQ(desk.rows(), "0:1 1:2 2:3");
+}
+
 TEST(File, ReadAgainOpensTheDialogBeforeAFileWasChosen) {
   Desk desk;
   write_text("x.aa1", rows_file(0));
@@ -130,6 +155,65 @@ TEST(File, AnAbortedReadLeavesTheStartUpState) {
   EXPECT_EQ(desk.document().cph.kmi("Slq_ColCount"), 20);
 }
 
+/// A way in which the read of x.aa1 is aborted, once y.aa1 has been read.
+struct AbortCase {
+  const char* name;
+  void (*read)(Desk& desk);
+};
+
+class AbortedRead : public testing::TestWithParam<AbortCase> {};
+
+TEST_P(AbortedRead, IsNotSavedOverWithoutADialog) {
+  Desk desk;
+  write_text("y.aa1", rows_file(1));
+  desk.run("File", "Open", {"y.aa1"});
+  ASSERT_FALSE(desk.workbench.file.read_aborted);
+  const std::string text = "File_IO_PointCountPerDisplay 1 1 9 1\r\n" + point(0, "1") + point(0, "1");
+  write_text("x.aa1", text);
+  GetParam().read(desk);
+  EXPECT_TRUE(desk.lmap().empty());
+  const fs::path failed = desk.workbench.file.path;
+  EXPECT_TRUE(failed.is_absolute());
+  EXPECT_NE(failed.filename(), "y.aa1") << "it is the current file all the same";
+  EXPECT_TRUE(desk.workbench.file.chosen);
+  EXPECT_TRUE(desk.workbench.file.read_aborted);
+
+  EXPECT_EQ(desk.run_text("File", "Save"), "dialog: Save File: -> cancel");
+  EXPECT_EQ(text_of("x.aa1"), text);
+  EXPECT_TRUE(desk.workbench.file.read_aborted) << "the dialog was not confirmed";
+  EXPECT_EQ(desk.run_text("File", "Save", {"z.aa1"}), "dialog: Save File: -> z.aa1");
+  EXPECT_EQ(text_of("x.aa1"), text);
+  EXPECT_FALSE(desk.workbench.file.read_aborted);
+  EXPECT_EQ(desk.run_text("File", "Save"), "") << "into the file that was chosen";
+}
+
+TEST_P(AbortedRead, IsTriedOnceMoreByReadAgain) {
+  Desk desk;
+  write_text("y.aa1", rows_file(1));
+  desk.run("File", "Open", {"y.aa1"});
+  write_text("x.aa1", "File_IO_PointCountPerDisplay 1 1 9 1\r\n" + point(0, "1") + point(0, "1"));
+  GetParam().read(desk);
+  const std::string name = desk.workbench.file.name();
+  fs::remove(name);
+  write_text(name, rows_file(0));
+  EXPECT_EQ(desk.run_text("File", "Read again"), "");
+  EXPECT_EQ(desk.rows(), "0:1");
+  EXPECT_FALSE(desk.workbench.file.read_aborted);
+  EXPECT_EQ(desk.run_text("File", "Save"), "");
+}
+
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(File, AbortedRead, testing::Values(
+    AbortCase{"ByNo",         [](Desk& desk) { desk.run("File", "Open", {"x.aa1", "no"}); }},
+    AbortCase{"ByBreak",      [](Desk& desk) { desk.document().cph.setkmi_1("File_IO_PointCountPerDisplay", 1);
+                                               desk.person.break_at_check(1);
+                                               desk.run("File", "Open", {"x.aa1"});
+                                               desk.person.break_at_check(0); }},
+    AbortCase{"ByAReadError", [](Desk& desk) { fs::create_symlink("/proc/self/mem", "unreadable");
+                                               desk.run("File", "Open", {"unreadable"}); }}),
+    [](const auto& test) { return std::string(test.param.name); });
+// clang-format on
+
 TEST(File, AReadGoesOnAfterAYes) {
   Desk desk;
   write_text("x.aa1", point(0, "0") + point(1, "2"));
@@ -159,22 +243,26 @@ TEST(File, ResetCfgPutsEveryParameterBack) {
   desk.document().cph.setkmi_1("Slq_ColCount", 99);
   desk.document().cph.setkmi_1("Sums1_DefaultTableIndex", 7);
   desk.workbench.apply_parameters(desk.person);
+  desk.workbench.show_page(Page::config);
   constexpr const char* question = "Do you want to set all program parameters\nto default values?";
   EXPECT_EQ(desk.run_text("File", "Reset Cfg", {"no"}), question_report(question, "no"));
   EXPECT_EQ(desk.document().cph.kmi("Slq_ColCount"), 99);
   EXPECT_EQ(desk.run_text("File", "Reset Cfg", {"yes"}), question_report(question, "yes"));
   EXPECT_EQ(desk.document().cph.kmi("Slq_ColCount"), 20);
   EXPECT_EQ(desk.document().ranges.current_index(), 0) << "values are applied";
+  EXPECT_EQ(desk.workbench.active_page, 8) << "nothing was read, the page stays";
 }
 
 TEST(File, ResetCfgReadsTheUniformConfiguration) {
   Desk desk;
-  write_text("kovcfg.aa1", "Slq_ColCount 30 2 1000 1\r\n");
+  write_text("kovcfg.aa1", "Slq_ColCount 30 2 1000 1\r\nF1_Initial_Active_Page 3 0 8 0\r\n");
+  desk.workbench.show_page(Page::config);
   EXPECT_EQ(desk.run_text("File", "Reset Cfg", {"yes"}),
             question_report("Do you want to set all program parameters\nto default values contained in "
                             "kovcfg.aa1?",
                             "yes"));
   EXPECT_EQ(desk.document().cph.kmi("Slq_ColCount"), 30);
+  EXPECT_EQ(desk.workbench.active_page, 3) << "as after every read";
 }
 
 TEST(File, SaveAsMakesTheFileTheCurrentOne) {
@@ -205,6 +293,9 @@ TEST(File, ASaveThatFailsIsReportedAndLeavesTheOldFile) {
   EXPECT_EQ(reports[1], "beep");
   EXPECT_NE(reports[2].find("y.aa1"), std::string::npos);
   EXPECT_TRUE(desk.person.take_failure());
+  EXPECT_EQ(desk.workbench.file.path, fs::current_path() / "y.aa1") << "the dialog was confirmed";
+  EXPECT_TRUE(desk.workbench.file.chosen);
+  EXPECT_EQ(desk.run("File", "Save").size(), 2U) << "fails again, without a dialog";
   EXPECT_EQ(desk.run("File", "Save as", {"no/such/folder/y.aa1"}).size(), 3U);
 }
 
@@ -290,6 +381,7 @@ TEST(File, DelCfgFileIsEnabledWhileThereIsOne) {
 
 TEST(File, WarningLevelIsAskedForAndStored) {
   Desk desk;
+  EXPECT_EQ(desk.caption("File", "C. Warnlevel"), "Change warnl.  2");
   EXPECT_EQ(
       desk.run_text("File", "C. Warnlevel", {"4"}),
       dialog_report("Change warnlevel wl",
@@ -299,7 +391,7 @@ TEST(File, WarningLevelIsAskedForAndStored) {
                     "to a new integer i\nenter integer i [0<=i<=4]",
                     "4"));
   EXPECT_EQ(desk.person.wl(), 4);
-  EXPECT_EQ(desk.caption("File", "C. Warnlevel"), "C. Warnlevel");
+  EXPECT_EQ(desk.caption("File", "C. Warnlevel"), "Change warnl.  4");
   desk.run("File", "C. Warnlevel", {"5"});
   EXPECT_EQ(desk.person.wl(), 4);
 }
