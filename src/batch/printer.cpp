@@ -87,4 +87,10 @@ Printer find_printer(std::string_view what) {
   return found == printers.end() ? nullptr : found->print;
 }
 
+std::vector<std::string_view> printer_names() {
+  std::vector<std::string_view> names;
+  for (const NamedPrinter& printer : printers) names.push_back(printer.what);
+  return names;
+}
+
 }  // namespace kov

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string_view>
+#include <vector>
 
 #include "batch/output.h"
 #include "workbench/workbench.h"
@@ -13,5 +14,7 @@ using Printer = void (*)(Workbench& workbench, User user, Output& output);
 
 /// Null when there is nothing of this name.
 Printer find_printer(std::string_view what);
+/// Every name that find_printer knows.
+std::vector<std::string_view> printer_names();
 
 }  // namespace kov
