@@ -128,12 +128,9 @@ void delete_smallest_of_nlast(Lmap& lmap, std::int32_t percent, Progress& progre
 
   const std::string heading = "n=nlast=" + int_text(nlast);
   const std::size_t number = part_of(count, percent);
-  const Buckets all = counted(lmap, nlast, Cut{}, {progress, heading + ": Sorting entry ", count});
+  Cut cut = narrowed(counted(lmap, nlast, Cut{}, {progress, heading + ": Sorting entry ", count}), number);
   if (number == 0) return;
-  Cut cut = narrowed(all, number);
-  while (!cut.found()) {
-    cut = narrowed(counted(lmap, nlast, cut, {progress, {}, count}), cut.number);
-  }
+  while (!cut.found()) cut = narrowed(counted(lmap, nlast, cut, {progress, {}, count}), cut.number);
   erase_smallest(lmap, nlast, cut, number, {progress, heading + ": Deleting entry ", number});
 }
 
