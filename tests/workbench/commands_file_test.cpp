@@ -392,6 +392,7 @@ TEST(File, WarningLevelIsAskedForAndStored) {
                     "4"));
   EXPECT_EQ(desk.person.wl(), 4);
   EXPECT_EQ(desk.caption("File", "C. Warnlevel"), "Change warnl.  4");
+  EXPECT_EQ(desk.preset("File", "C. Warnlevel"), "4");
   desk.run("File", "C. Warnlevel", {"5"});
   EXPECT_EQ(desk.person.wl(), 4);
 }
