@@ -5,6 +5,7 @@
 #include <string>
 
 #include "datafile/reader.h"
+#include "numbers/checked_integer.h"
 #include "workbench/file_context.h"
 
 namespace kov {
@@ -26,6 +27,7 @@ void read_arguments(Workbench& workbench, User user, std::span<const std::filesy
 
 void start_up(Workbench& workbench, User user, std::span<const std::filesystem::path> arguments) {
   try {
+    require_negative_minimum(nu_min_int);
     user.progress.set_caption(std::string(program_base_name) + " (no file specified)");
     read_arguments(workbench, user, arguments);
   } catch (const std::bad_alloc&) {
