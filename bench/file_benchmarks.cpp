@@ -75,7 +75,9 @@ struct FileCase {
     Document copy(user.messages());
     copy.cph.InitPrgPar(WindowFacts{});
     CurrentFile current;
-    if (read_data_file(path, copy, current, every_step, WindowFacts{}, user) != ReadOutcome::completed ||
+    auto file = open_data_file(path, copy, WindowFacts{}, user.messages());
+    if (!file ||
+        read_opened_file(std::move(*file), copy, current, every_step, user) != ReadOutcome::completed ||
         copy.lmap.count() != document.lmap.count()) {
       throw std::runtime_error("the file was not read");
     }

@@ -38,6 +38,10 @@ void Algadd::select(std::int32_t first, std::int32_t last) {
   selected_last_ = last;
 }
 
-void Algadd::reset() { *this = Algadd{}; }
+void Algadd::reset() noexcept {
+  std::fill(entries_.begin(), entries_.end(), AlgaddEntry{});
+  set_aanr(0);
+  select(0, Algadd_EntryCount - 1);
+}
 
 }  // namespace kov

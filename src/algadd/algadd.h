@@ -36,8 +36,8 @@ class Algadd {
   std::int32_t selected_last() const { return selected_last_; }
   void select(std::int32_t first, std::int32_t last);
 
-  /// Every table empty, the selection 0 ... 255, aanr 0.
-  void reset();
+  /// Every table empty, the selection 0 ... 255, aanr 0. What the last run needed stays.
+  void reset() noexcept;
 
   /// Seconds (whole) and steps of the last run, for the state report.
   struct LastRun {

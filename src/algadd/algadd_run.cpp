@@ -21,6 +21,32 @@ std::optional<std::int32_t> step_count(const RunRequest& request, std::int32_t n
   return ask_integer(questions, "Perform Algadd", prompt, cph.kmi("Algadd_DefaultStepCount"), {.min = 0});
 }
 
+/// Keeps the duration and the steps of a run, on every way out of it.
+class RunRecord {
+ public:
+  RunRecord(Algadd& algadd, const StepLoop& loop, const RunClock& clock)
+      : algadd_(algadd), loop_(loop), clock_(clock), start_(clock.now()) {}
+  ~RunRecord() {
+    const auto elapsed = std::chrono::duration_cast<std::chrono::seconds>(clock_.now() - start_);
+    algadd_.last_run = {elapsed.count(), loop_.steps_performed()};
+  }
+  RunRecord(const RunRecord&) = delete;
+  RunRecord& operator=(const RunRecord&) = delete;
+
+ private:
+  Algadd& algadd_;
+  const StepLoop& loop_;
+  const RunClock& clock_;
+  RunClock::Time start_;
+};
+
+/// The message of the error that ended the loop, if one did.
+std::optional<std::string> run_recorded(Algadd& algadd, StepLoop& loop, const RunClock& clock) {
+  const RunRecord record(algadd, loop, clock);
+  loop.run();
+  return loop.failure();
+}
+
 }  // namespace
 
 bool perform_algadd(Algadd& algadd, Lmap& lmap, const cphclass& cph, std::span<const KeyBox> keep,
@@ -29,13 +55,9 @@ bool perform_algadd(Algadd& algadd, Lmap& lmap, const cphclass& cph, std::span<c
   const std::optional<std::int32_t> steps = step_count(request, lmap.nlast(), cph, user.questions);
   if (!steps || *steps == 0) return false;
 
-  const RunClock::Time start = clock.now();
   apply_zero_entry_rule(algadd, request.table, cph);
   StepLoop loop(algadd, lmap, cph, keep, request, *steps, user);
-  loop.run();
-  const auto elapsed = std::chrono::duration_cast<std::chrono::seconds>(clock.now() - start);
-  algadd.last_run = {elapsed.count(), loop.steps_performed()};
-  if (loop.failure()) user.messages.error(*loop.failure());
+  if (const auto failure = run_recorded(algadd, loop, clock)) user.messages.error(*failure);
   return true;
 }
 

@@ -31,7 +31,7 @@ struct RunRequest {
   std::int32_t steps = -1;
 };
 
-/// What a run measures its duration by: a clock that never goes back.
+/// What a run measures its duration by: a clock that never goes back nor throws.
 struct RunClock {
   using Time = std::chrono::steady_clock::time_point;
   std::function<Time()> now = [] { return std::chrono::steady_clock::now(); };
@@ -40,12 +40,12 @@ struct RunClock {
 /// Perform Algadd: row by row from the last one on, by the table of the request, until the steps are
 /// done, Break is pressed, the memory limit is passed or an error ends the run. keep holds the ranges
 /// outside of which the modes 2 and 3 delete. Errors inside the step loop are reported, and the row
-/// under construction is deleted; nothing escapes but what
-/// the dialog, or the progress box when it opens, throws. Cost: O(points of the row
-/// x used entries x log) a step.
+/// under construction is deleted. What the dialog throws, the progress box when it opens, or the last message
+/// when it is made or shown (std::bad_alloc among them) escapes; the store then holds whole rows. Cost:
+/// O(points of the row x used entries x log) a step.
 ///
-/// Duration and steps are kept in algadd.last_run, whatever ended the run. Gives true when the run changed or
-/// may have changed the store.
+/// Duration and steps of a run are kept in algadd.last_run, whatever ended it and whatever escapes. Gives
+/// true when the run changed or may have changed the store.
 bool perform_algadd(Algadd& algadd, Lmap& lmap, const cphclass& cph, std::span<const KeyBox> keep,
                     const RunRequest& request, User user, const RunClock& clock = {});
 

@@ -9,7 +9,7 @@ namespace kov {
 /// when it is not finite. A NaN counts as overflow, too: out of finite operands it arises only as the
 /// difference of two products that overflowed before.
 inline const cotyp& require_no_overflow(const cotyp& q) {
-  if (!is_finite(q)) throw floating_overflow("floating point overflow");
+  if (!is_finite(q)) throw floating_overflow();
   return q;
 }
 

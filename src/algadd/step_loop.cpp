@@ -73,6 +73,8 @@ void StepLoop::run() {
     failure_ = failure_beginning() + "\n\nLast n=" + int_text(i_ + 1) +
                " deleted, because not necessarily complete.";
   }
+  // Behind the handler: the last row is whole, and in mode 1 all there is; a message must not cost it.
+  if (out_of_bounds_ && !failure_) report_memory_stop();
 }
 
 void StepLoop::step() {
@@ -81,8 +83,8 @@ void StepLoop::step() {
   measure();
   if (limits_.passed_any(bytes_)) show_headline();
   if (mode_ != RunMode::keep) thin_out();
-  stop_when_out_of_bounds();
-  if (user_.progress.break_requested()) stop_ = true;
+  out_of_bounds_ = bytes_ > limits_.maximum;
+  if (user_.progress.break_requested() || out_of_bounds_) stop_ = true;
   if (bytes_ > limits_.display) limits_.display = bytes_ + limits_.display_step;
   user_.progress.at(i_);
 }
@@ -126,12 +128,10 @@ void StepLoop::delete_smallest() {
   label_ = "D:" + int_text(++deletions_) + " Algadd:";
 }
 
-void StepLoop::stop_when_out_of_bounds() {
-  if (bytes_ <= limits_.maximum) return;
+void StepLoop::report_memory_stop() const {
   user_.messages.information(status_line(lmap_) +
                              "\nStop, because more memory used \nthan specified in configuration by "
                              "MaxAllowedMemOccupationInKB");
-  stop_ = true;
 }
 
 void StepLoop::drop_incomplete_row() {

@@ -28,8 +28,9 @@ class StepLoop {
            const RunRequest& request, std::int32_t steps, User user);
 
   /// Runs until the steps are done, Break, the memory limit or an error. An error deletes the row under
-  /// construction and leaves its message in failure(); only what a display throws while the progress box
-  /// opens escapes.
+  /// construction and leaves its message in failure(). What escapes leaves whole rows, too: what the progress
+  /// box throws when it opens, what the message of the memory limit throws when it is shown, and
+  /// std::bad_alloc when a text of either message finds no memory.
   void run();
 
   std::int64_t steps_performed() const { return i_ - nlast_; }
@@ -44,7 +45,7 @@ class StepLoop {
   void delete_outside_ranges();
   void delete_smallest();
   void measure() { bytes_ = static_cast<std::int64_t>(lmap_.estimated_bytes()); }
-  void stop_when_out_of_bounds();
+  void report_memory_stop() const;
   void drop_incomplete_row();
   /// i as the upper end of a range of rows.
   std::int32_t last_done_row() const;
@@ -71,6 +72,8 @@ class StepLoop {
   std::int64_t deletions_ = 0;
   std::string label_;
   bool stop_ = false;
+  /// The run ends because the store has passed the memory limit.
+  bool out_of_bounds_ = false;
   std::optional<std::string> failure_;
 };
 

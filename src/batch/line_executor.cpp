@@ -4,7 +4,6 @@
 
 #include "batch/key_names.h"
 #include "batch/printer.h"
-#include "text/integers.h"
 #include "workbench/check_boxes.h"
 #include "workbench/command.h"
 
@@ -64,10 +63,8 @@ bool LineExecutor::operator()(const CommandLine& line) {
 }
 
 bool LineExecutor::operator()(const SetLine& line) {
-  const auto value = parse_int32(line.value);
-  if (!value) return fail(line.keyword + ": i is no int");
   pages_.leave_grids();
-  if (!workbench_.document.cph.setkmi_1(line.keyword, *value)) return false;
+  if (!workbench_.document.cph.set_from_text(line.keyword, line.value)) return false;
   workbench_.apply_parameter(line.keyword, user_);
   return true;
 }
@@ -77,7 +74,7 @@ bool LineExecutor::operator()(const CheckLine& line) {
 }
 
 bool LineExecutor::operator()(const CommentLine& line) {
-  workbench_.document.comment += line.text + "\r\n";
+  workbench_.document.append_comment_line(line.text);
   return true;
 }
 

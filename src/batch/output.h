@@ -5,8 +5,9 @@
 
 namespace kov {
 
-/// Where printed text goes. Writing never throws, since reports are made from destructors, too: the
-/// first failure is kept, later text is dropped, and whoever wrote asks for it.
+/// Where printed text goes. A device that fails throws nothing, since the text may reach it only later,
+/// with other text: the first failure is kept, what is written behind it is dropped, and whoever wrote
+/// asks for it by take_failure. Memory that runs out passes on as std::bad_alloc.
 class Output {
  public:
   virtual ~Output() = default;
@@ -15,16 +16,6 @@ class Output {
   virtual void flush() {}
   /// The reason of the first failure since the last call; empty without one.
   virtual std::string take_failure() { return {}; }
-};
-
-/// Collects the text in a string that the caller owns.
-class StringOutput final : public Output {
- public:
-  explicit StringOutput(std::string& text) : text_(text) {}
-  void write(std::string_view text) override { text_ += text; }
-
- private:
-  std::string& text_;
 };
 
 /// Writes to a file descriptor in blocks.

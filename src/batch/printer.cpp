@@ -20,12 +20,14 @@ void print_caption(Workbench&, User user, Output& output) { output.write(user.pr
 
 /// The comment's lines end with CR LF, the last one perhaps without.
 void print_comment(Workbench& workbench, User, Output& output) {
-  std::string text = workbench.document.comment;
-  for (std::size_t end = text.find("\r\n"); end != std::string::npos; end = text.find("\r\n", end)) {
-    text.erase(end, 1);
+  for (std::string_view rest = workbench.document.comment; !rest.empty();) {
+    const std::size_t end = std::min(rest.find('\n'), rest.size());
+    std::string_view line = rest.substr(0, end);
+    if (end < rest.size() && line.ends_with('\r')) line.remove_suffix(1);
+    output.write(line);
+    output.write("\n");
+    rest.remove_prefix(std::min(end + 1, rest.size()));
   }
-  if (!text.empty() && text.back() != '\n') text += '\n';
-  output.write(text);
 }
 
 /// Every point in the columns of the List page: running number, quantity, l, n, k1 ... k30.
@@ -111,6 +113,12 @@ Printer find_printer(std::string_view what, Workbench& workbench, Pages& pages, 
     pages.show(page);
     print_grid(*grid, output);
   };
+}
+
+std::vector<std::string_view> printer_names() {
+  std::vector<std::string_view> names;
+  for (const NamedPrinter& printer : printers) names.push_back(printer.what);
+  return names;
 }
 
 }  // namespace kov

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string_view>
+#include <vector>
 
 #include "batch/output.h"
 #include "workbench/pages.h"
@@ -16,5 +17,7 @@ using Printer = std::function<void(Output& output)>;
 /// show their page first. Null when there is nothing of this name. Nothing is shown or run before the printer
 /// is called; the workbench, the pages and the user must outlive it.
 Printer find_printer(std::string_view what, Workbench& workbench, Pages& pages, User user);
+/// Every name of the first kind.
+std::vector<std::string_view> printer_names();
 
 }  // namespace kov

@@ -12,6 +12,12 @@ bool is_inside(std::int32_t value, const MMI& parameter) {
   return parameter.min <= value && value <= parameter.max;
 }
 
+/// True for the text of an integer of any size.
+bool is_integer(std::string_view text) {
+  if (text.starts_with('+') || text.starts_with('-')) text.remove_prefix(1);
+  return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
 /// How the message about a keyword begins that a function does not find.
 std::string unknown_keyword(const char* function, std::string_view keyword) {
   return std::string(function) + ":\n   " + std::string(keyword) +
@@ -40,18 +46,30 @@ std::int32_t cphclass::kmi(std::string_view keyword) const {
 }
 
 bool cphclass::setkmi_1(std::string_view keyword, std::int32_t value) {
+  return set(keyword, value, int_text(value));
+}
+
+bool cphclass::set_from_text(std::string_view keyword, std::string_view text) {
+  if (kmap_.contains(keyword) && !is_integer(text)) {
+    messages_.error(std::string(keyword) + ": i is no int");
+    return false;
+  }
+  return set(keyword, parse_int32(text), text);
+}
+
+bool cphclass::set(std::string_view keyword, std::optional<std::int32_t> value, std::string_view text) {
   const auto found = kmap_.find(keyword);
   if (found == kmap_.end()) {
     messages_.error(unknown_keyword("setkmi_1", keyword) + " kmi is not set");
     return false;
   }
   MMI& parameter = found->second;
-  if (!is_inside(value, parameter)) {
-    messages_.error("setkmi_1:\n   " + found->first + "\ninput i=" + int_text(value) + "\nout of range [" +
+  if (!value || !is_inside(*value, parameter)) {
+    messages_.error("setkmi_1:\n   " + found->first + "\ninput i=" + std::string(text) + "\nout of range [" +
                     int_text(parameter.min) + ".." + int_text(parameter.max) + "]\n kmi is not set");
     return false;
   }
-  parameter.i = value;
+  parameter.i = *value;
   return true;
 }
 
@@ -64,8 +82,9 @@ std::string cphclass::read_configuration_line(std::string_view keyword, Tokens& 
   return message;
 }
 
-void cphclass::InitPrgPar(const WindowFacts& window) {
-  // Defined aside: where memory runs out half-way, the old catalogue stays.
+void cphclass::InitPrgPar(const WindowFacts& window) { restore(defaults(window)); }
+
+Kmap cphclass::defaults(const WindowFacts& window) const {
   cphclass fresh(messages_);
   for (const auto& [keyword, parameter] : definition_table(window)) {
     const auto& [i, min, max, description, ucfg] = parameter;
@@ -75,7 +94,7 @@ void cphclass::InitPrgPar(const WindowFacts& window) {
       fresh.Ikpair(keyword, i, description, min, max);
     }
   }
-  kmap_ = std::move(fresh.kmap_);
+  return std::move(fresh.kmap_);
 }
 
 void cphclass::define(const std::string& keyword, MMI parameter, const char* function) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -33,6 +34,9 @@ class cphclass {
   /// Sets a value within the catalogue's bounds; an unknown keyword or a value out of range is
   /// reported as an error, changes nothing and gives false.
   bool setkmi_1(std::string_view keyword, std::int32_t value);
+  /// Likewise for a value as it was typed. An integer beyond 32 bits is out of range, too, and reported
+  /// as it was typed; of a text that is no integer it is reported that i is no int.
+  bool set_from_text(std::string_view keyword, std::string_view text);
 
   /// Takes the rest of a line "keyword i min max ucfg" into the catalogue. Unknown keywords, and with
   /// all false those outside the uniform configuration, are skipped. The value is compared with the
@@ -40,12 +44,16 @@ class cphclass {
   /// message, empty on success.
   std::string read_configuration_line(std::string_view keyword, Tokens& rest, bool all);
 
-  /// Empties the catalogue and defines every parameter with its default.
+  /// Empties the catalogue and defines every parameter with its default. Where memory runs out, the old
+  /// catalogue stays.
   void InitPrgPar(const WindowFacts& window);
 
   const Kmap& kmap() const { return kmap_; }
-  /// Puts a catalogue back that was copied by kmap(), as after an aborted read.
-  void restore(Kmap saved) { kmap_ = std::move(saved); }
+  /// The catalogue as InitPrgPar defines it; this one stays.
+  Kmap defaults(const WindowFacts& window) const;
+  /// Takes over a catalogue that was made before. Needs no memory, so that an operation which went wrong,
+  /// be it for want of memory, can always go back.
+  void restore(Kmap saved) noexcept { kmap_.swap(saved); }
 
   // The words of a data file's lines.
   const char comment_character = ';';
@@ -63,10 +71,9 @@ class cphclass {
   const std::string e_sums1_range2min = "e_sums1_range2min";
   const std::string e_sums1_range2max = "e_sums1_range2max";
 
-  /// While set, a read leaves it to a later read to apply the values.
-  bool suppress_applying = false;
-
  private:
+  /// Nothing stands for an integer beyond 32 bits; the text is what reports show.
+  bool set(std::string_view keyword, std::optional<std::int32_t> value, std::string_view text);
   void define(const std::string& keyword, MMI parameter, const char* function);
 
   Messages& messages_;

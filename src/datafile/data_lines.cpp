@@ -51,7 +51,7 @@ std::string read_selection(const DataLine& line) {
   const std::string subject = "entry_aa_imm_selected_p";
   const auto min = next_int_within(line.fields, 0, Algadd_EntryCount - 1);
   if (!min) return subject + ": min no int";
-  const auto max = next_int_within(line.fields, 0, Algadd_EntryCount - 1);
+  const auto max = next_int_within(line.fields, *min, Algadd_EntryCount - 1);
   if (!max) return subject + ": max no int";
   if (auto message = end_of_line_message(line.fields, subject); !message.empty()) return message;
   line.document.algadd.select(*min, *max);

@@ -14,4 +14,12 @@ void Document::reset_data() {
   comment.clear();
 }
 
+void Document::append_comment_line(std::string_view line) {
+  const bool unfinished = !comment.empty() && comment.back() != '\n';
+  // Made aside, so that a lack of memory leaves no half a line behind.
+  std::string text(unfinished ? "\r\n" : "");
+  text.append(line).append("\r\n");
+  comment += text;
+}
+
 }  // namespace kov

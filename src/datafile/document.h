@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <string>
+#include <string_view>
 
 #include "algadd/algadd.h"
 #include "config/cphclass.h"
@@ -35,6 +36,9 @@ struct Document {
 
   /// Lattices, tables, view and comment as at start-up; parameters stay.
   void reset_data();
+
+  /// Appends a line to the comment; a last line that has no end yet gets it first.
+  void append_comment_line(std::string_view line);
 };
 
 /// Which file is worked on.
@@ -43,12 +47,14 @@ struct CurrentFile {
   std::filesystem::path path = "a.aa1";
   /// Set by a complete read or a confirmed save dialog.
   bool chosen = false;
+  /// Set by an aborted read of this file, until a complete read or a confirmed save dialog: the file holds
+  /// what the document does not, so it is not to be written over without asking for a name.
+  bool read_aborted = false;
 
   /// The name without its folder, as progress texts and the file itself show it.
   std::string name() const { return path.filename().string(); }
 };
 
-inline constexpr const char* data_extension = "aa1";
 /// Looked up in the current directory.
 inline constexpr const char* uniform_file_name = "kovcfg.aa1";
 

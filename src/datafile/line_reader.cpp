@@ -19,7 +19,7 @@ std::string LineReader::read_line(std::string_view line, LineResult& result) {
   if (line.empty() || line.front() == document_.cph.comment_character) return {};
   const bool whole_file = nelast_ != configuration_only;
   if (line.front() == comment_quote) {
-    if (whole_file) document_.comment.append(line.substr(1)).append("\r\n");
+    if (whole_file) document_.append_comment_line(line.substr(1));
     return {};
   }
   Tokens fields(line);

@@ -1,10 +1,8 @@
 #include "datafile/reader.h"
 
-#include <optional>
-#include <string>
+#include <utility>
 
 #include "datafile/file_error.h"
-#include "datafile/line_source.h"
 #include "datafile/points_per_display.h"
 #include "interact/warning_level.h"
 
@@ -89,59 +87,59 @@ class ReadLoop {
   int lines_since_check_ = 0;
 };
 
-/// What a read may have to go back to, and how a complete one ends.
+/// What a read of a whole file does besides to the document and the current file, and what every
+/// aborted read goes back to. Nothing here needs memory.
 class DocumentRead {
  public:
-  DocumentRead(Document& document, CurrentFile& current, bool whole_file, const WindowFacts& window)
-      : document_(document), current_(current), whole_file_(whole_file), window_(window) {}
+  DocumentRead(OpenedDataFile& file, Document& document, CurrentFile& current, bool whole_file)
+      : file_(file), document_(document), current_(current), whole_file_(whole_file) {}
 
-  void begin(const std::filesystem::path& path) {
+  void begin() {
     if (!whole_file_) return;
-    current_.path = std::filesystem::absolute(path);
+    current_.path = std::move(file_.path);
+    current_.read_aborted = true;
     document_.reset_data();
   }
 
   void abort() {
-    // First, since it sets memory free.
-    if (whole_file_) document_.lmap.clear();
-    document_.cph.InitPrgPar(window_);
+    document_.cph.restore(std::move(file_.defaults));
     if (whole_file_) document_.reset_data();
   }
 
   void complete() {
     if (!whole_file_) return;
-    if (document_.cph.kmi("Algadd_del_p0_entries") != 0) {
-      for (int table = 0; table < Algadd_TableCount; ++table) document_.algadd.compact_table(table);
-    }
+    current_.read_aborted = false;
     current_.chosen = true;
   }
 
  private:
+  OpenedDataFile& file_;
   Document& document_;
   CurrentFile& current_;
   const bool whole_file_;
-  const WindowFacts& window_;
 };
 
 }  // namespace
 
-ReadOutcome read_data_file(const std::filesystem::path& path, Document& document, CurrentFile& current,
-                           std::int32_t nelast, const WindowFacts& window, User user) {
-  std::optional<LineSource> source;
+std::optional<OpenedDataFile> open_data_file(const std::filesystem::path& path, const Document& document,
+                                             const WindowFacts& window, Messages& messages) {
   try {
-    source.emplace(path);
+    return OpenedDataFile{LineSource(path), std::filesystem::absolute(path), path.filename().string(),
+                          document.cph.defaults(window)};
   } catch (const file_error& error) {
-    user.messages.error(error.what());
-    return ReadOutcome::not_opened;
+    messages.error(error.what());
+    return std::nullopt;
   }
-  // path may be the current file's own.
-  const std::string name = path.filename().string();
-  DocumentRead read(document, current, nelast != configuration_only, window);
+}
+
+ReadOutcome read_opened_file(OpenedDataFile&& file, Document& document, CurrentFile& current,
+                             std::int32_t nelast, User user) {
+  DocumentRead read(file, document, current, nelast != configuration_only);
+  read.begin();
   bool completed = false;
   try {
-    read.begin(path);
     LineReader reader(document, nelast, current.chosen);
-    completed = ReadLoop(*source, reader, name, document.cph, user).run();
+    completed = ReadLoop(file.lines, reader, file.name, document.cph, user).run();
   } catch (const file_error& error) {
     user.messages.error(error.what());
   } catch (...) {

@@ -23,13 +23,16 @@ bool delete_uniform_configuration(Messages& messages) {
   std::error_code failure;
   std::filesystem::remove(uniform_file_name, failure);
   if (!failure) return true;
+  messages.error(removal_failure_text(failure));
+  return false;
+}
+
+std::string removal_failure_text(std::error_code failure) {
   if (failure == std::errc::permission_denied || failure == std::errc::operation_not_permitted ||
       failure == std::errc::read_only_file_system) {
-    messages.error(std::string(uniform_file_name) + " not removed, access forbidden.");
-  } else {
-    messages.error(file_error("remove", uniform_file_name, failure.value()).what());
+    return std::string(uniform_file_name) + " not removed, access forbidden.";
   }
-  return false;
+  return file_error("remove", uniform_file_name, failure.value()).what();
 }
 
 std::string uniform_hint() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <system_error>
 
 #include "datafile/document.h"
 #include "interact/messages.h"
@@ -19,6 +20,8 @@ void save_uniform_configuration(const Document& document, Progress& progress);
 
 /// Removes it; a failure is reported as an error. True when there is no such file afterwards.
 bool delete_uniform_configuration(Messages& messages);
+/// What that error says: that access is forbidden, or else the reason.
+std::string removal_failure_text(std::error_code failure);
 
 /// What the file is for; part of several questions.
 std::string uniform_hint();

@@ -27,10 +27,17 @@ std::optional<std::array<std::int32_t, N>> parse_integers(std::string_view text,
 }
 
 template <std::size_t N>
+bool any(const std::array<std::int32_t, N>&) {
+  return true;
+}
+
+template <std::size_t N, class Condition>
 std::optional<std::array<std::int32_t, N>> ask_integers(Questions& questions, const InputDialog& dialog,
-                                                        const IntegerBounds& bounds) {
-  const auto accept = [&bounds](const std::string& text) {
-    return parse_integers<N>(text, bounds).has_value();
+                                                        const IntegerBounds& bounds,
+                                                        const Condition& condition) {
+  const auto accept = [&](const std::string& text) {
+    const auto values = parse_integers<N>(text, bounds);
+    return values && condition(*values);
   };
   const auto answer = questions.input(dialog, accept);
   if (!answer) return std::nullopt;
@@ -54,7 +61,8 @@ std::optional<std::int32_t> ask_integer(Questions& questions, const std::string&
                                         const std::string& prompt, std::int32_t current,
                                         const IntegerBounds& bounds, char name) {
   const std::string request = std::string("\nenter integer ") + name + range_text(bounds, name);
-  const auto values = ask_integers<1>(questions, {caption, prompt + request, int_text(current)}, bounds);
+  const auto values =
+      ask_integers<1>(questions, {caption, prompt + request, int_text(current)}, bounds, any<1>);
   if (!values) return std::nullopt;
   return values->front();
 }
@@ -62,8 +70,13 @@ std::optional<std::int32_t> ask_integer(Questions& questions, const std::string&
 std::optional<std::array<std::int32_t, 2>> ask_two_integers(Questions& questions, const std::string& caption,
                                                             const std::string& prompt,
                                                             const std::string& preset,
-                                                            const IntegerBounds& bounds) {
-  return ask_integers<2>(questions, {caption, prompt + "\nenter the two integers   a,b", preset}, bounds);
+                                                            const IntegerBounds& bounds,
+                                                            const PairCondition& condition) {
+  const auto fulfils = [&condition](const std::array<std::int32_t, 2>& pair) {
+    return !condition || condition(pair[0], pair[1]);
+  };
+  const InputDialog dialog{caption, prompt + "\nenter the two integers   a,b", preset};
+  return ask_integers<2>(questions, dialog, bounds, fulfils);
 }
 
 std::optional<std::array<std::int32_t, 3>> ask_three_integers(Questions& questions,
@@ -71,7 +84,8 @@ std::optional<std::array<std::int32_t, 3>> ask_three_integers(Questions& questio
                                                               const std::string& prompt,
                                                               const std::string& preset,
                                                               const IntegerBounds& bounds) {
-  return ask_integers<3>(questions, {caption, prompt + "\nenter the three integers   a,b,c", preset}, bounds);
+  return ask_integers<3>(questions, {caption, prompt + "\nenter the three integers   a,b,c", preset}, bounds,
+                         any<3>);
 }
 
 }  // namespace kov

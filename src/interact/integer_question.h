@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -28,12 +29,16 @@ std::optional<std::int32_t> ask_integer(Questions& questions, const std::string&
                                         const std::string& prompt, std::int32_t current,
                                         const IntegerBounds& bounds, char name = 'i');
 
+/// What a pair has to fulfil besides its bounds.
+using PairCondition = std::function<bool(std::int32_t a, std::int32_t b)>;
+
 /// Likewise for two integers, typed as "a,b": prompt + "\nenter the two integers   a,b". Blanks around
-/// the numbers do not count.
+/// the numbers do not count. With a condition, pairs that do not fulfil it are refused too.
 std::optional<std::array<std::int32_t, 2>> ask_two_integers(Questions& questions, const std::string& caption,
                                                             const std::string& prompt,
                                                             const std::string& preset,
-                                                            const IntegerBounds& bounds = {});
+                                                            const IntegerBounds& bounds = {},
+                                                            const PairCondition& condition = nullptr);
 
 /// Likewise for three, "a,b,c": prompt + "\nenter the three integers   a,b,c".
 std::optional<std::array<std::int32_t, 3>> ask_three_integers(Questions& questions,

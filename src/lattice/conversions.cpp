@@ -9,7 +9,7 @@ namespace {
 cotyp inverse(const cotyp& q) {
   const cotyp result = cotyp(1) / q;
   require_finite(result);
-  if (is_zero(result)) throw floating_overflow("floating point overflow");
+  if (is_zero(result)) throw floating_overflow();
   return result;
 }
 

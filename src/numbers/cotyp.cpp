@@ -56,13 +56,9 @@ ratyp qq(const cotyp& q) { return q.re * q.re + q.im * q.im; }
 
 cotyp to_float(const cotyp& q) { return cotyp::floating(to_double(q.re), to_double(q.im)); }
 
-bool is_finite(const cotyp& q) { return std::isfinite(to_double(q.re)) && std::isfinite(to_double(q.im)); }
-
 void require_finite(const cotyp& q) {
   if (is_finite(q)) return;
-  if (std::isinf(to_double(q.re)) || std::isinf(to_double(q.im))) {
-    throw floating_overflow("floating point overflow");
-  }
+  if (std::isinf(to_double(q.re)) || std::isinf(to_double(q.im))) throw floating_overflow();
   throw math_error("invalid floating point operation");
 }
 

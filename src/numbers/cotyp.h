@@ -53,7 +53,7 @@ ratyp qq(const cotyp& q);
 cotyp to_float(const cotyp& q);
 
 /// True when no part is an infinity or a NaN.
-bool is_finite(const cotyp& q);
+inline bool is_finite(const cotyp& q) { return is_finite(q.re) && is_finite(q.im); }
 
 /// Throws floating_overflow ("floating point overflow") when a part is infinite and math_error
 /// ("invalid floating point operation") when one is a NaN. For whoever is about to store q.

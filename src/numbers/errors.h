@@ -14,7 +14,6 @@ class program_error : public std::runtime_error {
 /// Raised by exact arithmetic; its only text is "ratyp error: de=0".
 class ratyp_error : public program_error {
  public:
-  using program_error::program_error;
   ratyp_error() : program_error("ratyp error: de=0") {}
 };
 
@@ -29,6 +28,7 @@ class math_error : public std::runtime_error {
 class floating_overflow : public math_error {
  public:
   using math_error::math_error;
+  floating_overflow() : math_error("floating point overflow") {}
 };
 
 }  // namespace kov

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <concepts>
 #include <cstdint>
 #include <string>
@@ -85,6 +86,10 @@ inline ratyp operator/(ratyp a, const ratyp& b) { return a /= b; }
 inline double to_double(const ratyp& q) {
   return q.exact() ? static_cast<double>(q.nu()) / static_cast<double>(q.de()) : q.fl();
 }
+
+/// False for an infinity and a NaN. A fraction needs no look at its value: every sum and product of a run is
+/// asked.
+inline bool is_finite(const ratyp& q) { return q.exact() || std::isfinite(q.fl()); }
 
 inline bool operator==(const ratyp& a, const ratyp& b) {
   if (a.exact_ && b.exact_) return a.nu_ == b.nu_ && a.de_ == b.de_;

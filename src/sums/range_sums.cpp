@@ -10,11 +10,17 @@ namespace {
 
 using Accumulators = std::array<PointSum, sum_row_count>;
 
-// The quotient squares its divisor on the way; a square beyond the largest double would make a small
-// ratio of large numbers look like zero.
-cotyp finite_quotient(const cotyp& dividend, const cotyp& divisor) {
-  require_finite(cotyp(qq(divisor), 0));
+// Nothing where the quotient has no finite value. The quotient squares its divisor on the way: a square
+// beyond the largest double would make a ratio of large numbers look like zero, one that vanishes gives
+// no number.
+std::optional<cotyp> finite_quotient(const cotyp& dividend, const cotyp& divisor) {
+  if (!is_finite(cotyp(qq(divisor), 0))) return std::nullopt;
   const cotyp quotient = dividend / divisor;
+  return is_finite(quotient) ? std::optional(quotient) : std::nullopt;
+}
+
+cotyp average(const cotyp& sum, const cotyp& count) {
+  const cotyp quotient = sum / count;
   require_finite(quotient);
   return quotient;
 }
@@ -29,8 +35,8 @@ SumRow finished_row(const PointSum& sums) {
   row.value[sum_q] = sums.q;
   row.value[sum_qq] = cotyp(sums.squares, 0);
   if (sums.count != 0) {
-    row.value[sum_q_per_cnt] = finite_quotient(row.value[sum_q], row.value[sum_cnt]);
-    row.value[sum_qq_per_cnt] = finite_quotient(row.value[sum_qq], row.value[sum_cnt]);
+    row.value[sum_q_per_cnt] = average(row.value[sum_q], row.value[sum_cnt]);
+    row.value[sum_qq_per_cnt] = average(row.value[sum_qq], row.value[sum_cnt]);
   }
   return row;
 }

@@ -22,7 +22,8 @@ enum SumQuantity : std::size_t { sum_cnt, sum_q, sum_q_per_cnt, sum_qq, sum_qq_p
 struct SumRow {
   std::array<cotyp, sum_quantity_count> value;
   /// By divisor row: each quantity divided by the same one of that row. Nothing where the count of
-  /// this row or of the divisor row, or the divisor, is zero.
+  /// this row or of the divisor row, or the divisor, is zero, or where the quotient is not finite because
+  /// the square of the divisor overflows or vanishes.
   std::array<std::array<std::optional<cotyp>, sum_quantity_count>, sum_row_count> ratio;
 };
 
@@ -54,8 +55,8 @@ SumRow finished_row(const PointSum& sums);
 
 /// Sums the store up over the two ranges, in one pass in key order with a progress box. After every
 /// points_per_display-th point (at least 1) the caption and the position are shown and Break is asked
-/// for: nothing when it was pressed. Throws floating_overflow or math_error when a result is not
-/// finite.
+/// for: nothing when it was pressed. Throws floating_overflow or math_error when a sum or an average is
+/// not finite.
 std::optional<RangeSums> sum_ranges(const Lmap& lmap, const std::array<KeyBox, 2>& ranges,
                                     std::int64_t points_per_display, Progress& progress);
 

@@ -1,4 +1,5 @@
 #include <array>
+#include <functional>
 
 #include "algadd/algadd_texts.h"
 #include "algadd/table_edits.h"
@@ -37,7 +38,7 @@ void select_p(Workbench& workbench, User user) {
   Algadd& algadd = workbench.document.algadd;
   const DialogText dialog = select_dialog();
   const auto selection = ask_two_integers(user.questions, dialog.caption, dialog.prompt,
-                                          selection_preset(algadd), entry_numbers);
+                                          selection_preset(algadd), entry_numbers, std::less_equal<>{});
   if (!selection) return;
   const auto [first, last] = *selection;
   algadd.select(first, last);

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 
 #include "algadd/algadd_texts.h"
@@ -10,20 +11,31 @@
 namespace kov {
 namespace {
 
-// The presets of the dialogs name the last row, so that confirming one by mistake does the least.
+// The presets of the dialogs are such that confirming one by mistake changes as little as possible: a count
+// keeps every row, a target leaves the rows where they are, and only what deletes names the last row.
 
 std::optional<std::int32_t> ask_a(User user, const std::string& caption, const std::string& prompt,
                                   std::int32_t preset, const IntegerBounds& bounds = {}) {
   return ask_integer(user.questions, caption, prompt, preset, bounds, 'a');
 }
 
-std::string last_row_text(const Lmap& lmap) { return lmap.empty() ? "0" : int_text(lmap.nlast()); }
+std::int32_t last_row(const Lmap& lmap) { return lmap.empty() ? 0 : lmap.nlast(); }
+
+std::string last_row_text(const Lmap& lmap) { return int_text(last_row(lmap)); }
+
+// How many rows the last ones must be to be all of them; the largest integer when there are still more.
+std::int32_t row_count(const Lmap& lmap) {
+  const std::int64_t count = std::int64_t{last_row(lmap)} - lmap.nfirst() + 1;
+  return static_cast<std::int32_t>(std::min(count, std::int64_t{highest_int}));
+}
 
 std::optional<std::array<std::int32_t, 3>> ask_rows_and_target(Workbench& workbench, User user,
                                                                const std::string& caption,
-                                                               const std::string& prompt) {
-  const std::string row = last_row_text(workbench.document.lmap);
-  return ask_three_integers(user.questions, caption, prompt, row + "," + row + "," + row);
+                                                               const std::string& prompt,
+                                                               std::int32_t first) {
+  const std::string from = int_text(first);
+  const std::string to = last_row_text(workbench.document.lmap);
+  return ask_three_integers(user.questions, caption, prompt, from + "," + to + "," + from);
 }
 
 void move_all(Workbench& workbench, User user) {
@@ -35,7 +47,8 @@ void move_all(Workbench& workbench, User user) {
 
 void move_part(Workbench& workbench, User user) {
   const auto rows = ask_rows_and_target(workbench, user, "Move lattice part",
-                                        "To move quantities with a<=n<=b to c (offset=c-a)");
+                                        "To move quantities with a<=n<=b to c (offset=c-a)",
+                                        last_row(workbench.document.lmap));
   if (!rows) return;
   const auto [a, b, c] = *rows;
   MovePart(workbench.document.lmap, a, b, c);
@@ -44,7 +57,8 @@ void move_part(Workbench& workbench, User user) {
 
 void copy_part(Workbench& workbench, User user) {
   const auto rows = ask_rows_and_target(workbench, user, "Copy lattice part",
-                                        "To copy quantities with a<=n<=b to c (offset=c-a)");
+                                        "To copy quantities with a<=n<=b to c (offset=c-a)",
+                                        last_row(workbench.document.lmap));
   if (!rows) return;
   const auto [a, b, c] = *rows;
   CopyPart(workbench.document.lmap, a, b, c);
@@ -75,8 +89,8 @@ void delete_after_0(Workbench& workbench, User user) {
 void delete_all_but_last(Workbench& workbench, User user) {
   Lmap& lmap = workbench.document.lmap;
   if (lmap.empty()) return;
-  const auto a = ask_a(user, "Delete all but last", "To erase all of lattice except\nits last a rows", 1,
-                       {0, highest_int});
+  const auto a = ask_a(user, "Delete all but last", "To erase all of lattice except\nits last a rows",
+                       row_count(lmap), {0, highest_int});
   if (!a) return;
   DeleteAllButLast(lmap, *a);
   workbench.show_status(user.progress);
@@ -88,7 +102,7 @@ void delete_outside_sums1(Workbench& workbench, User user) {
   const auto a = ask_a(user, "Del outside Sums1",
                        "To erase all of lattice except its part\nwithin the Ranges of current Sums1 Table"
                        "\nand except its last a rows",
-                       1);
+                       row_count(lmap));
   if (!a) return;
   DeleteOutsideExceptLast(lmap, *a, workbench.current_ranges(), user.messages);
   workbench.show_status(user.progress);
@@ -132,8 +146,9 @@ std::string quickly_delete_smallest_caption(const Workbench& workbench) {
 void choose_last_before_0(Workbench& workbench, User user) {
   Lmap& lmap = workbench.document.lmap;
   if (lmap.empty()) return;
-  const auto a = ask_a(user, "Choose last part as past in n=0",
-                       "To choose last a rows, move them\nbefore inclusive n=0 and delete rest", 1);
+  const auto a =
+      ask_a(user, "Choose last part as past in n=0",
+            "To choose last a rows, move them\nbefore inclusive n=0 and delete rest", row_count(lmap));
   if (!a) return;
   ChooseLast(lmap, *a, static_cast<std::int32_t>(1 - std::int64_t{*a}));
   workbench.show_status(user.progress);
@@ -142,8 +157,9 @@ void choose_last_before_0(Workbench& workbench, User user) {
 void choose_last_after_0(Workbench& workbench, User user) {
   Lmap& lmap = workbench.document.lmap;
   if (lmap.empty()) return;
-  const auto a = ask_a(user, "Choose last part as start in n=0",
-                       "To choose last a rows, move them\nafter inclusive n=0 and delete rest", 1);
+  const auto a =
+      ask_a(user, "Choose last part as start in n=0",
+            "To choose last a rows, move them\nafter inclusive n=0 and delete rest", row_count(lmap));
   if (!a) return;
   ChooseLast(lmap, *a, 0);
   workbench.show_status(user.progress);
@@ -155,7 +171,7 @@ void choose_last(Workbench& workbench, User user) {
   const auto answer = ask_two_integers(user.questions, "Choose last part of lattice",
                                        "Choose last a rows: To move quantities with\n"
                                        "nlast-a < n <= nlast to b and delete rest",
-                                       "1," + last_row_text(lmap));
+                                       int_text(row_count(lmap)) + "," + int_text(lmap.nfirst()));
   if (!answer) return;
   const auto [a, b] = *answer;
   ChooseLast(lmap, a, b);
@@ -164,7 +180,8 @@ void choose_last(Workbench& workbench, User user) {
 
 void choose_part(Workbench& workbench, User user) {
   const auto rows = ask_rows_and_target(workbench, user, "Choose lattice part",
-                                        "Choose: To move quantities with\n a<=n<=b to c and delete rest");
+                                        "Choose: To move quantities with\n a<=n<=b to c and delete rest",
+                                        workbench.document.lmap.nfirst());
   if (!rows) return;
   const auto [a, b, c] = *rows;
   ChoosePart(workbench.document.lmap, a, b, c);
@@ -172,9 +189,8 @@ void choose_part(Workbench& workbench, User user) {
 }
 
 void choose_first(Workbench& workbench, User user) {
-  const Lmap& lmap = workbench.document.lmap;
   const auto a = ask_a(user, "Choose first: Delete last part of lattice",
-                       "To delete all quantities with a>=n", lmap.empty() ? 0 : lmap.nlast());
+                       "To delete all quantities with a>=n", last_row(workbench.document.lmap));
   if (!a) return;
   DeleteRows(workbench.document.lmap, *a, highest_int);
   workbench.show_status(user.progress);

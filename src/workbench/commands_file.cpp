@@ -1,5 +1,5 @@
+#include <algorithm>
 #include <array>
-#include <new>
 
 #include "config/cphclass.h"
 #include "datafile/file_titles.h"
@@ -19,17 +19,9 @@ namespace {
 using Read = ReadOutcome (*)(const FileContext& context, const std::filesystem::path& path,
                              std::int32_t nelast);
 
-/// Reads a whole file. When memory runs out on the way the start-up state is what is left, and its
-/// values are applied before the error goes on.
 void read_file(Workbench& workbench, User user, Read read, const std::filesystem::path& path,
                std::int32_t nelast) {
-  const FileContext context = file_context(workbench, user);
-  try {
-    read(context, path, nelast);
-  } catch (const std::bad_alloc&) {
-    context.apply();
-    throw;
-  }
+  read(file_context(workbench, user), path, nelast);
   workbench.restore_status_line(user.progress);
 }
 
@@ -56,9 +48,10 @@ void read_individual(Workbench& workbench, User user) {
 }
 
 void read_till(Workbench& workbench, User user) {
-  const std::int32_t nelast = workbench.document.cph.kmi("File_in_nelast");
-  if (const auto path = user.questions.open_file(read_till_title(nelast))) {
-    read_file(workbench, user, read_with_overlay, *path, nelast);
+  const std::int32_t step = workbench.document.cph.kmi("File_in_nelast");
+  if (const auto path = user.questions.open_file(read_till_title(step))) {
+    // A hand-edited parameter may be the very number that stands for reading the configuration alone.
+    read_file(workbench, user, read_with_overlay, *path, std::max(step, configuration_only + 1));
   }
 }
 
@@ -90,11 +83,12 @@ void save_as(Workbench& workbench, User user) {
   if (!path) return;
   workbench.file.path = *path;
   workbench.file.chosen = true;
+  workbench.file.read_aborted = false;
   save_current(workbench, user);
 }
 
 void save(Workbench& workbench, User user) {
-  if (workbench.file.chosen) {
+  if (workbench.file.chosen && !workbench.file.read_aborted) {
     save_current(workbench, user);
   } else {
     save_as(workbench, user);
@@ -122,6 +116,10 @@ void change_warning_level(Workbench&, User user) {
   if (level) user.messages.set_wl(*level);
 }
 
+std::string warning_level_item(const Workbench& workbench) {
+  return "Change warnl.  " + int_text(workbench.person.wl());
+}
+
 void exit_program(Workbench& workbench, User) { workbench.exit_requested = true; }
 
 // clang-format off
@@ -137,7 +135,7 @@ constexpr std::array<Command, 13> rows{{
     {"File", "Save Cfg",         "",             save_cfg},
     {"File", "Save Cfg quickly", "Ctrl+Shift+C", save_cfg_quickly},
     {"File", "Del Cfg File",     "",             delete_cfg_file, cfg_file_exists},
-    {"File", "C. Warnlevel",     "",             change_warning_level},
+    {"File", "C. Warnlevel",     "",             change_warning_level, nullptr, warning_level_item},
     {"File", "Exit",             "",             exit_program},
 }};
 // clang-format on

@@ -3,12 +3,13 @@
 namespace kov {
 
 FileContext file_context(Workbench& workbench, User user) {
-  const auto apply = [&workbench, user] {
-    workbench.apply_parameters(user.messages);
-    workbench.choose_initial_page(user.messages);
-    workbench.display().document_changed();
-  };
-  return {workbench.document, workbench.file, workbench.window, user, apply};
+  return {.document = workbench.document,
+          .current = workbench.file,
+          .window = workbench.window,
+          .user = user,
+          .apply = [&workbench, user] { workbench.apply_parameters(user.messages); },
+          .show_initial_page = [&workbench, user] { workbench.choose_initial_page(user.messages); },
+          .redisplay = [&workbench] { workbench.display().document_changed(); }};
 }
 
 }  // namespace kov

@@ -5,8 +5,7 @@
 
 namespace kov {
 
-/// The workbench as the reading operations take it. Applying means: parameters to their users, and the
-/// initial page shown. The workbench must outlive the result.
+/// The workbench as the reading operations take it. The workbench must outlive the result.
 FileContext file_context(Workbench& workbench, User user);
 
 }  // namespace kov

@@ -14,16 +14,17 @@ using Effect = void (*)(Workbench& workbench, std::int32_t value);
 /// What a parameter's value sets besides being read where it is needed, and the values that do.
 struct ParameterEffect {
   std::string_view keyword;
+  std::int32_t lowest;
   std::int32_t highest;
   Effect apply;
 };
 
 // clang-format off
 constexpr std::array<ParameterEffect, 4> effects{{
-    {"Algadd_DefaultTableIndex",      Algadd_TableCount - 1,        [](Workbench& w, std::int32_t i) { w.document.algadd.set_aanr(i); }},
-    {"Sums1_DefaultTableIndex",       RangeTables::TableCount - 1,  [](Workbench& w, std::int32_t i) { w.document.ranges.choose(i); }},
-    {"Graph1_oplot_if_2_curves",      highest_int,                  [](Workbench& w, std::int32_t i) { w.graph1_overlay = i != 0; }},
-    {"Graph2_RB_re_im_qa_qq_cntAt_12", 9,                           [](Workbench& w, std::int32_t i) { w.graph2_radio_index = i; }},
+    {"Algadd_DefaultTableIndex",       0,          Algadd_TableCount - 1,       [](Workbench& w, std::int32_t i) { w.document.algadd.set_aanr(i); }},
+    {"Sums1_DefaultTableIndex",        0,          RangeTables::TableCount - 1, [](Workbench& w, std::int32_t i) { w.document.ranges.choose(i); }},
+    {"Graph1_oplot_if_2_curves",       lowest_int, highest_int,                 [](Workbench& w, std::int32_t i) { w.graph1_overlay = i != 0; }},
+    {"Graph2_RB_re_im_qa_qq_cntAt_12", 0,          9,                           [](Workbench& w, std::int32_t i) { w.graph2_radio_index = i; }},
 }};
 // clang-format on
 
@@ -34,7 +35,7 @@ void report_invalid_index(std::string_view keyword, std::int32_t value, Messages
 
 void apply(const ParameterEffect& effect, Workbench& workbench, Messages& messages) {
   const std::int32_t value = workbench.document.cph.kmi(effect.keyword);
-  if (value < 0 || value > effect.highest) {
+  if (value < effect.lowest || value > effect.highest) {
     report_invalid_index(effect.keyword, value, messages);
   } else {
     effect.apply(workbench, value);
@@ -43,7 +44,8 @@ void apply(const ParameterEffect& effect, Workbench& workbench, Messages& messag
 
 }  // namespace
 
-Workbench::Workbench(Messages& messages, const WindowFacts& facts) : document(messages), window(facts) {
+Workbench::Workbench(Messages& messages, const WindowFacts& facts)
+    : person(messages), document(messages), window(facts) {
   document.cph.InitPrgPar(window);
   document.reset_data();
   apply_parameters(messages);

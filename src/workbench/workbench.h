@@ -22,6 +22,8 @@ struct Workbench {
   Workbench(const Workbench&) = delete;
   Workbench& operator=(const Workbench&) = delete;
 
+  /// Who is told things, for the warning level that a caption shows.
+  const Messages& person;
   Document document;
   CurrentFile file;
   /// Where the main window stands; the catalogue takes its geometry from here.

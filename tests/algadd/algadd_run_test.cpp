@@ -3,10 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <filesystem>
-#include <optional>
 
 #include "run_fixture.h"
+#include "support/cancelling_questions.h"
 #include "support/points_text.h"
 
 namespace kov {
@@ -69,23 +68,6 @@ TEST_F(AlgaddRun, AsksForTheStepCount) {
                 "enter integer i [0<=i] -> 2"}));
   EXPECT_EQ(lmap.nlast(), 3);
 }
-
-// Keeps what the dialog presets, and cancels.
-class CancellingQuestions final : public Questions {
- public:
-  InputDialog asked;
-
-  bool yes_no(const std::string&) override { return false; }
-  bool all_or_ok(const std::string&) override { return false; }
-  std::optional<std::string> input(const InputDialog& dialog, const Accept&) override {
-    asked = dialog;
-    return std::nullopt;
-  }
-  std::optional<std::filesystem::path> open_file(const std::string&) override { return std::nullopt; }
-  std::optional<std::filesystem::path> save_file(const std::string&, const std::filesystem::path&) override {
-    return std::nullopt;
-  }
-};
 
 TEST_F(AlgaddRun, TheDialogPresetsTheDefaultAndTellsOfTheBarrier) {
   set("Algadd_DefaultStepCount", 44);

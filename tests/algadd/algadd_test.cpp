@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "run_fixture.h"
+#include "support/failing_allocation.h"
 
 namespace kov {
 namespace {
@@ -84,12 +85,18 @@ TEST(Algadd, ResetIsTheInitialState) {
   algadd.set_entry(4, 4, entry_of(1));
   algadd.set_aanr(4);
   algadd.select(3, 9);
-  algadd.last_run = {12, 34};
-  algadd.reset();
+  algadd.last_run = {5, 6};
+  static_assert(noexcept(algadd.reset()));
+  {
+    const LimitedAllocations none(0);
+    algadd.reset();
+  }
   EXPECT_TRUE(algadd.table_empty(4));
   EXPECT_EQ(algadd.aanr(), 0);
   EXPECT_EQ(algadd.selected_first(), 0);
   EXPECT_EQ(algadd.selected_last(), 255);
+  EXPECT_EQ(algadd.last_run.seconds, 5);
+  EXPECT_EQ(algadd.last_run.steps, 6);
 }
 
 }  // namespace

@@ -3,8 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <limits>
 #include <new>
 #include <random>
+#include <vector>
 
 #include "run_fixture.h"
 #include "support/failing_allocation.h"
@@ -77,6 +81,11 @@ TEST(DeleteSmallest, TruncatesTheNumber) {
       { 3, 33,  3},
       { 3, 34,  2},
       { 1, 99,  1},
+      { 7, -5,  7},
+      { 7, 101, 0},
+      { 7, 150, 0},
+      { 7, INT32_MIN, 7},
+      { 7, INT32_MAX, 0},
   };
   // clang-format on
   for (const Row& row : rows) {
@@ -135,6 +144,42 @@ TEST(DeleteSmallest, NothingToDeleteIsSortedAllTheSame) {
   EXPECT_EQ(lmap.count(), 10'000u);
 }
 
+ScriptedUser silent_person() {
+  return ScriptedUser([](const std::string&) {}, ScriptedUser::Captions::none);
+}
+
+// Sizes of every magnitude, many of them close together and some equal.
+Lmap row_of_scattered(int count) {
+  std::mt19937_64 random(20212);
+  Lmap lmap;
+  for (int k = 0; k < count; ++k) {
+    const double size = std::ldexp(1.0 + 0x1p-50 * std::uniform_int_distribution<int>(0, 500)(random), k % 3);
+    lmap.set(Lk::at(0, 2, k), cotyp::floating(size, 0));
+  }
+  return lmap;
+}
+
+TEST(DeleteSmallest, NoAllocationGrowsWithTheRow) {
+  const auto number_of_allocations = [](int points) {
+    return fail_each_allocation(
+        row_of_scattered(points),
+        [](Lmap& lmap) {
+          ScriptedUser progress = silent_person();
+          delete_smallest_of_nlast(lmap, 50, progress);
+        },
+        [](const Lmap&) {});
+  };
+  EXPECT_EQ(number_of_allocations(9'999), number_of_allocations(10));
+
+  Lmap lmap = row_of_scattered(30'000);
+  ScriptedUser progress = silent_person();
+  {
+    const LimitedAllocations limited(256);
+    EXPECT_NO_THROW(delete_smallest_of_nlast(lmap, 50, progress));
+  }
+  EXPECT_EQ(lmap.count(), 15'000u);
+}
+
 TEST(DeleteSmallest, MemoryThatRunsOutLeavesTheStoreAsItWas) {
   const Lmap before = row_of_equal(100);
   const std::string text = points_text(before);
@@ -180,6 +225,44 @@ TEST(DeleteSmallest, SizesAsDoublesOrderAsTheNumbersDo) {
     const ratyp a = qq(random_quantity(random));
     const ratyp b = qq(random_quantity(random));
     ASSERT_EQ(a < b, to_double(a) < to_double(b)) << to_text(a) << " and " << to_text(b);
+  }
+}
+
+// What the selection by the bits of a size stands on.
+TEST(DeleteSmallest, NoSizeOfAFiniteQuantityIsNegativeZeroOrNaN) {
+  const double largest = std::numeric_limits<double>::max();
+  const double smallest = std::numeric_limits<double>::denorm_min();
+  const ratyp parts[] = {0,
+                         -1,
+                         ratyp(-1, 3),
+                         std::numeric_limits<std::int32_t>::min(),
+                         ratyp::floating(0.0),
+                         ratyp::floating(-0.0),
+                         ratyp::floating(smallest),
+                         ratyp::floating(-smallest),
+                         ratyp::floating(largest),
+                         ratyp::floating(-largest)};
+  for (const ratyp& re : parts) {
+    for (const ratyp& im : parts) {
+      const double size = to_double(qq({re, im}));
+      EXPECT_TRUE(size >= 0) << to_text(re) << " and " << to_text(im);
+      EXPECT_FALSE(std::signbit(size)) << to_text(re) << " and " << to_text(im);
+    }
+  }
+}
+
+// Neighbouring doubles keep a search going down to the last bit.
+TEST(DeleteSmallest, FindsTheCutAmongNeighbouringSizes) {
+  Lmap lmap;
+  lmap.set(Lk::at(0, 0, -2), cotyp::floating(1e300, 0));
+  lmap.set(Lk::at(0, 0, -1), cotyp::floating(1e-300, 0));
+  const auto part = [](int rank) { return 1.0 + 0x1p-51 * rank; };
+  for (int k = 0; k < 1000; ++k) lmap.set(Lk::at(0, 0, k), cotyp::floating(part(k * 7 % 1000), 0));
+  HookedProgress progress;
+  delete_smallest_of_nlast(lmap, 30, progress);
+  EXPECT_EQ(lmap.count(), 702u);
+  for (auto point = lmap.begin(); point != lmap.end(); ++point) {
+    EXPECT_GE(point.quantity().re.fl(), part(299)) << "300 of 1002 went, 1e-300 among them";
   }
 }
 

@@ -7,6 +7,7 @@ namespace kov {
 void HookedProgress::show_box(const Box& box) {
   log.push_back("box" + box.title + " " + int_text(box.from) + ".." + int_text(box.to) + " at " +
                 int_text(box.position));
+  on_box();
 }
 
 std::vector<std::string> HookedProgress::headlines() const {

@@ -20,6 +20,7 @@ class HookedProgress final : public Progress {
  public:
   std::vector<std::string> log;
   std::function<void()> on_headline = [] {};
+  std::function<void()> on_box = [] {};
   std::function<void()> on_breath = [] {};
   /// Asked at every check.
   std::function<bool()> pressed = [] { return false; };

@@ -31,6 +31,10 @@ class StepLoopErrors : public RunFixture {
   /// The first step is whole, row 2 is gone, and the run's record and box are in order.
   void expect_ended_in_second_step(const std::string& message) const {
     EXPECT_EQ(transcript, (std::vector<std::string>{"beep", "error: " + message}));
+    expect_whole_first_step();
+  }
+
+  void expect_whole_first_step() const {
     EXPECT_EQ(points_text(lmap), "0 0: 1\n0 1 -1: 1\n0 1 1: 1\n");
     EXPECT_EQ(algadd.last_run.steps, 1);
     EXPECT_EQ(progress.log.back(), "hide");
@@ -45,13 +49,13 @@ TEST_F(StepLoopErrors, TheProgramsOwnException) {
 }
 
 TEST_F(StepLoopErrors, RationalArithmetic) {
-  fail_at_second_headline(ratyp_error("ratyp error: de=0"));
+  fail_at_second_headline(ratyp_error());
   run(5);
   expect_ended_in_second_step("ratyp error: de=0\n  \n  Last n=2 deleted, because not necessarily complete.");
 }
 
 TEST_F(StepLoopErrors, FloatingPointOverflow) {
-  fail_at_second_headline(floating_overflow("text that is not shown"));
+  fail_at_second_headline(floating_overflow());
   run(5);
   expect_ended_in_second_step(
       "Break because of floating point overflow in Algadd\n  \n  \n  "
@@ -133,38 +137,96 @@ TEST_F(StepLoopErrors, TheRowBehindTheStepIsDeletedWhateverTheOffsets) {
   EXPECT_EQ(points_text(lmap), "0 0: 1\n0 4: 1\n") << "row 2 of the second step, which merged row 4";
 }
 
-TEST_F(StepLoopErrors, MemoryThatRunsOutLeavesWholeRows) {
-  const std::string rows[] = {
-      "0 0: 1\n",
-      "0 0: 1\n0 1 -1: 1\n0 1 1: 1\n",
-      "0 0: 1\n0 1 -1: 1\n0 1 1: 1\n0 2 -2: 1\n0 2: 2\n0 2 2: 1\n",
-  };
+// Shows nothing and throws instead.
+ScriptedUser without_memory_for_messages() {
+  return ScriptedUser([](const std::string&) { throw std::bad_alloc(); });
+}
+
+TEST_F(StepLoopErrors, AFailureThatCannotBeShownIsStillARun) {
+  fail_at_second_headline(program_error("not shown"));
+  ScriptedUser mute = without_memory_for_messages();
+  const RunRequest request{.table = 0, .mode = RunMode::keep, .intro = {}, .steps = 5};
+  EXPECT_THROW(perform_algadd(algadd, lmap, cph, keep, request, {mute, mute, progress}), std::bad_alloc);
+  expect_whole_first_step();
+}
+
+TEST_F(StepLoopErrors, AStopThatCannotBeShownKeepsTheOnlyRow) {
+  set("MaxAllowedMemOccupationInKB", 0);
+  ScriptedUser mute = without_memory_for_messages();
+  const RunRequest request{.table = 0, .mode = RunMode::all_but_last, .intro = {}, .steps = 5};
+  EXPECT_THROW(perform_algadd(algadd, lmap, cph, keep, request, {mute, mute, progress}), std::bad_alloc);
+  EXPECT_EQ(points_text(lmap), "0 1 -1: 1\n0 1 1: 1\n");
+  EXPECT_EQ(algadd.last_run.steps, 1);
+  EXPECT_FALSE(progress.is_open());
+}
+
+TEST_F(StepLoopErrors, ABoxThatCannotOpenIsARunOfNoSteps) {
+  algadd.last_run = {5, 6};
+  progress.on_box = [] { throw std::bad_alloc(); };
+  EXPECT_THROW(run(5), std::bad_alloc);
+  EXPECT_EQ(points_text(lmap), "0 0: 1\n");
+  EXPECT_EQ(algadd.last_run.steps, 0);
+}
+
+// What a run of two steps may leave behind when memory runs out in the step of that number (2: behind it):
+// the rows before that step, or what the mode has already thinned them out to.
+struct WholeRows {
+  RunMode mode;
+  std::string before[3];
+  std::string thinned[3];
+};
+
+class StepLoopMemory : public StepLoopErrors, public ::testing::WithParamInterface<WholeRows> {};
+
+TEST_P(StepLoopMemory, ThatRunsOutLeavesWholeRows) {
+  const WholeRows& rows = GetParam();
   const Lmap before = lmap;
   lift_limits();
-  int ended_early[3] = {};
+  set("Algadd_TM_DelSmallestAfterKB", 0);
+  set("Algadd_TM_BeepOnDelSmallest", 1);
+  set("DelSmallPercent_Default", 50);
+  int ended_in[3] = {};
   for (std::int64_t k = 1;; ++k) {
     lmap = before;
-    StepLoop loop(algadd, lmap, cph, keep, {}, 2, {scripted, scripted, progress});
+    const RunRequest request{.table = 0, .mode = rows.mode, .intro = {}, .steps = 2};
+    StepLoop loop(algadd, lmap, cph, keep, request, 2, {scripted, scripted, progress});
     const FailingAllocation failing(k);
-    bool box_failed = false;
+    bool escaped = false;
     try {
       loop.run();
     } catch (const std::bad_alloc&) {
-      box_failed = true;
+      escaped = true;
     }
     if (!failing.happened()) break;
     const auto steps = static_cast<std::size_t>(loop.steps_performed());
     ASSERT_LE(steps, 2u);
-    EXPECT_EQ(points_text(lmap), rows[steps]);
+    const std::string left = points_text(lmap);
+    EXPECT_TRUE(left == rows.before[steps] || left == rows.thinned[steps]) << "step " << steps << "\n"
+                                                                           << left;
     EXPECT_FALSE(progress.is_open());
-    ++ended_early[steps];
-    if (loop.failure() && !box_failed) {
+    ++ended_in[steps];
+    if (loop.failure() && !escaped) {
       EXPECT_EQ(loop.failure()->substr(0, 29), "Break because of Algadd error");
     }
   }
-  EXPECT_GT(ended_early[0], 0);
-  EXPECT_GT(ended_early[1], 0);
+  EXPECT_GT(ended_in[0], 0);
+  EXPECT_GT(ended_in[1], 0);
 }
+
+const std::string row0 = "0 0: 1\n";
+const std::string row1 = "0 1 -1: 1\n0 1 1: 1\n";
+const std::string row2 = "0 2 -2: 1\n0 2: 2\n0 2 2: 1\n";
+const std::string largest1 = "0 1 1: 1\n";
+const std::string largest2 = "0 2 2: 1\n";
+
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Modes, StepLoopMemory, ::testing::Values(
+    WholeRows{RunMode::keep,           {row0, row0 + row1,     row0 + row1 + row2}, {row0, row0 + row1, row0 + row1 + row2}},
+    WholeRows{RunMode::all_but_last,   {row0, row1,            row2},               {"",   "",          row2}},
+    WholeRows{RunMode::outside_ranges, {row0, row0 + row1,     row0 + row2},        {row0, row0,        row0 + row2}},
+    WholeRows{RunMode::tracking,       {row0, row0 + largest1, row0 + largest2},    {row0, row0,        row0 + largest2}}),
+    [](const auto& rows) { return "Mode" + std::to_string(static_cast<int>(rows.param.mode)); });
+// clang-format on
 
 }  // namespace
 }  // namespace kov

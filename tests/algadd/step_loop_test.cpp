@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <iterator>
+
 #include "lattice/row_edits.h"
 #include "run_fixture.h"
 #include "support/points_text.h"
@@ -213,6 +216,20 @@ TEST_F(StepLoopTest, TrackingRunsOneCycleAStepAndBeepsOnRequest) {
   set("Algadd_TM_BeepOnDelSmallest", 1);
   run(2, RunMode::tracking);
   EXPECT_EQ(transcript, (std::vector<std::string>{"beep", "beep"}));
+}
+
+TEST_F(StepLoopTest, TrackingBeepsBeforeTheDeletion) {
+  copying_table();
+  make_rows(0, 10);
+  set("Algadd_TM_DelSmallestAfterKB", 0);
+  set("Algadd_TM_BeepOnDelSmallest", 1);
+  ScriptedUser person([this](const std::string& report) { progress.log.push_back(report); });
+  const RunRequest request{.table = 0, .mode = RunMode::tracking, .intro = {}, .steps = 1};
+  perform_algadd(algadd, lmap, cph, keep, request, {person, person, progress});
+  const auto beep = std::find(progress.log.begin(), progress.log.end(), "beep");
+  ASSERT_NE(beep, progress.log.end());
+  EXPECT_EQ(*std::next(beep), "box Progress 0..10 at 0") << "that of the deletion";
+  EXPECT_EQ(std::find(progress.log.begin(), beep, "box Progress 0..10 at 0"), beep);
 }
 
 TEST_F(StepLoopTest, TrackingShowsTheBoxOfTheRunAgain) {

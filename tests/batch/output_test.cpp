@@ -63,14 +63,5 @@ TEST(FileOutput, TellsWhyAFileCannotBeWritten) {
   }
 }
 
-TEST(StringOutput, CollectsTheText) {
-  std::string text;
-  StringOutput output(text);
-  output.write("a");
-  output.write("b");
-  EXPECT_EQ(text, "ab");
-  EXPECT_EQ(output.take_failure(), "");
-}
-
 }  // namespace
 }  // namespace kov

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
 #include <string>
 
 #include "batch/session.h"
@@ -79,6 +80,32 @@ TEST(Print, Slsums1OfAnEmptyStoreHasLabelsOnly) {
   session.run("Print Slsums1");
   EXPECT_NE(session.output.find("\ns   : cnt\t\t\t\n"), std::string::npos);
   EXPECT_EQ(session.status, 0);
+}
+
+TEST(Print, CommentOfManyLines) {
+  std::string comment;
+  std::string expected;
+  for (int i = 0; i < 200000; ++i) {
+    comment += "a line of the comment\r\n";
+    expected += "a line of the comment\n";
+  }
+  std::vector<std::string> reports;
+  ScriptedUser person([&](const std::string& report) { reports.push_back(report); });
+  Workbench workbench(person, WindowFacts{});
+  workbench.document.comment = comment;
+  std::string text;
+  StringOutput output(text);
+  const auto begin = std::chrono::steady_clock::now();
+  find_printer("comment")(workbench, person.user(), output);
+  EXPECT_EQ(text, expected);
+  // Taking each line end out of the whole text would move 4 MB 200 000 times.
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(2));
+}
+
+TEST(Print, EveryNameIsFound) {
+  const auto names = printer_names();
+  EXPECT_EQ(names.front(), "status");
+  for (const std::string_view name : names) EXPECT_NE(find_printer(name), nullptr) << name;
 }
 
 TEST(Print, OtherWordsAreUnknown) {

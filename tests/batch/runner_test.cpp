@@ -4,7 +4,11 @@
 
 #include <cmath>
 #include <filesystem>
+#include <functional>
+#include <new>
+#include <stdexcept>
 #include <string>
+#include <utility>
 
 #include "batch/session.h"
 
@@ -92,8 +96,9 @@ INSTANTIATE_TEST_SUITE_P(Runner, Fail, testing::Values(
     FailCase{"File/Open: \"\"",            {"dialog: Open File and read it: -> ", "refused: "}},
     FailCase{"Set Slq_ColCount 1001",      {"beep", "error: setkmi_1:\n     Slq_ColCount\n  input i=1001\n  out of range [2..1000]\n   kmi is not set"}},
     FailCase{"Set Nonsense 1",             {"beep", "error: setkmi_1:\n     Nonsense\n  is no valid keyword,\n  perhaps wrong typing in source.\n   kmi is not set"}},
-    FailCase{"Set Slq_ColCount 2.5",       {"error: Slq_ColCount: i is no int"}},
-    FailCase{"Set Slq_ColCount 99999999999", {"error: Slq_ColCount: i is no int"}},
+    FailCase{"Set Nonsense x",             {"beep", "error: setkmi_1:\n     Nonsense\n  is no valid keyword,\n  perhaps wrong typing in source.\n   kmi is not set"}},
+    FailCase{"Set Slq_ColCount 2.5",       {"beep", "error: Slq_ColCount: i is no int"}},
+    FailCase{"Set Slq_ColCount 99999999999", {"beep", "error: setkmi_1:\n     Slq_ColCount\n  input i=99999999999\n  out of range [2..1000]\n   kmi is not set"}},
     FailCase{"Check CB9 on",               {"error: no such check box: CB9"}},
     FailCase{"Check CB0qre",               {"error: expected: Check NAME on, or off"}},
     FailCase{"Print nonsense",             {"error: nothing to print: nonsense"}},
@@ -304,6 +309,45 @@ TEST(Runner, OutputThatCannotBeWrittenFailsTheLine) {
       Options{}, output, [&](const std::string& report) { reports.push_back(report); }, [] { return false; });
   EXPECT_EQ(runner.run(script_lines("s", "Echo a")), ExitStatus::line_failed);
   EXPECT_EQ(reports.front(), "error: standard output cannot be written: no space");
+}
+
+/// Fails at its first write in the way that it is given, and collects what comes afterwards.
+class ThrowingOutput final : public Output {
+ public:
+  explicit ThrowingOutput(std::function<void()> fail) : fail_(std::move(fail)) {}
+  void write(std::string_view text) override {
+    if (fail_) std::exchange(fail_, nullptr)();
+    collected += text;
+  }
+  std::string collected;
+
+ private:
+  std::function<void()> fail_;
+};
+
+TEST(Runner, AnExceptionFailsItsLineAlone) {
+  struct Case {
+    void (*fail)();
+    const char* report;
+  };
+  // clang-format off
+  const Case cases[] = {
+      {[] { throw std::bad_alloc(); },              "error: Not enough memory; the line was ended."},
+      {[] { throw std::runtime_error("no paper"); }, "error: no paper"},
+  };
+  // clang-format on
+  for (const Case& c : cases) {
+    const TemporaryFolder folder;
+    ThrowingOutput output(c.fail);
+    Options options;
+    options.keep_going = true;
+    Reports reports;
+    Runner runner(
+        options, output, [&](const std::string& report) { reports.push_back(report); }, [] { return false; });
+    EXPECT_EQ(runner.run(script_lines("s", "Echo a\nEcho b")), ExitStatus::line_failed);
+    EXPECT_EQ(reports, (Reports{c.report, "failed: s:1: Echo a"}));
+    EXPECT_EQ(output.collected, "b\n");
+  }
 }
 
 TEST(Runner, TwoHalvesWithASaveBetweenEqualTheWholeRun) {

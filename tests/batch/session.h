@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "batch/runner.h"
+#include "support/string_output.h"
 #include "support/temporary_folder.h"
 
 namespace kov {

@@ -155,6 +155,16 @@ TEST_F(Catalogue, IsPutBackFromACopy) {
 
 // Values
 
+TEST_F(Catalogue, GivesItsDefaultsAndStays) {
+  const Kmap at_start = cph.kmap();
+  cph.setkmi_1("Slq_ColCount", 33);
+  const Kmap defaults = cph.defaults({});
+  EXPECT_EQ(cph.kmi("Slq_ColCount"), 33);
+  EXPECT_EQ(defaults.at("Slq_ColCount").i, 20);
+  EXPECT_EQ(defaults.size(), at_start.size());
+  expect_silence();
+}
+
 TEST_F(Catalogue, AnUnknownKeywordIsReportedAndReadsAsZero) {
   EXPECT_EQ(cph.kmi("Slq_Colcount"), 0);
   expect_error("kmi:\n   Slq_Colcount\nis no valid keyword,\nperhaps wrong typing in source.\n0 returned");
@@ -236,6 +246,47 @@ TEST_F(Catalogue, ALineThatFailsChangesNothing) {
   EXPECT_EQ(read("Slq_RowCount", " 60 2", true), "Slq_RowCount: max is no int");
   EXPECT_EQ(cph.kmi("Slq_RowCount"), 50);
   expect_silence();
+}
+
+TEST_F(Catalogue, TakesAValueAsItWasTyped) {
+  EXPECT_TRUE(cph.set_from_text("Slq_ColCount", "25"));
+  EXPECT_EQ(cph.kmi("Slq_ColCount"), 25);
+  EXPECT_TRUE(cph.set_from_text("Slq_ColCount", "+26"));
+  EXPECT_EQ(cph.kmi("Slq_ColCount"), 26);
+  expect_silence();
+}
+
+TEST_F(Catalogue, ReportsAValueThatCannotBeTakenAsItWasTyped) {
+  struct Case {
+    const char* keyword;
+    const char* text;
+    const char* message;
+  };
+  const char* const unknown =
+      "setkmi_1:\n   nothing\nis no valid keyword,\nperhaps wrong typing in source.\n kmi is not set";
+  const char* const no_int = "Slq_ColCount: i is no int";
+  // clang-format off
+  const Case cases[] = {
+      {"nothing",      "1",            unknown},
+      {"nothing",      "x",            unknown},
+      {"nothing",      "99999999999",  unknown},
+      {"Slq_ColCount", "",             no_int},
+      {"Slq_ColCount", "-",            no_int},
+      {"Slq_ColCount", "+-1",          no_int},
+      {"Slq_ColCount", "2.5",          no_int},
+      {"Slq_ColCount", "25 ",          no_int},
+      {"Slq_ColCount", "1001",         "setkmi_1:\n   Slq_ColCount\ninput i=1001\nout of range [2..1000]\n kmi is not set"},
+      {"Slq_ColCount", "99999999999",  "setkmi_1:\n   Slq_ColCount\ninput i=99999999999\nout of range [2..1000]\n kmi is not set"},
+      {"Slq_ColCount", "-99999999999", "setkmi_1:\n   Slq_ColCount\ninput i=-99999999999\nout of range [2..1000]\n kmi is not set"},
+  };
+  // clang-format on
+  for (const Case& c : cases) {
+    messages.shown.clear();
+    messages.beeps = 0;
+    EXPECT_FALSE(cph.set_from_text(c.keyword, c.text)) << c.text;
+    expect_error(c.message);
+    EXPECT_EQ(cph.kmi("Slq_ColCount"), 20) << c.text;
+  }
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "file_desk.h"
+#include "support/recording_messages.h"
 
 namespace kov {
 namespace {
@@ -43,6 +44,31 @@ TEST(CurrentFile, IsAtFirstTheDefaultNameAndNotChosen) {
 
 TEST(CurrentFile, IsNamedWithoutItsFolder) {
   EXPECT_EQ((CurrentFile{"/some/walk.aa1", true}.name()), "walk.aa1");
+}
+
+TEST(Document, AppendsACommentLineBehindAnUnfinishedOne) {
+  struct Case {
+    const char* before;
+    const char* line;
+    const char* after;
+  };
+  // clang-format off
+  const Case cases[] = {
+      {"",           "a", "a\r\n"},
+      {"",           "",  "\r\n"},
+      {"one\r\n",    "a", "one\r\na\r\n"},
+      {"one\r\ntwo", "a", "one\r\ntwo\r\na\r\n"},
+      {"one\r\ntwo", "",  "one\r\ntwo\r\n\r\n"},
+      {"one\n",      "a", "one\na\r\n"},
+  };
+  // clang-format on
+  RecordingMessages messages;
+  for (const Case& c : cases) {
+    Document document(messages);
+    document.comment = c.before;
+    document.append_comment_line(c.line);
+    EXPECT_EQ(document.comment, c.after);
+  }
 }
 
 }  // namespace

@@ -1,31 +1,8 @@
 #include "file_desk.h"
 
-#include <algorithm>
-
 #include "text/integers.h"
 
 namespace kov {
-
-std::vector<std::string> TemporaryFolder::names() const {
-  std::vector<std::string> names;
-  for (const auto& entry : std::filesystem::directory_iterator(path_)) {
-    names.push_back(entry.path().filename().string());
-  }
-  std::sort(names.begin(), names.end());
-  return names;
-}
-
-void write_text(const std::filesystem::path& path, std::string_view text) {
-  // A new file is not flushed when it is closed, as one that was truncated is on some file systems.
-  std::filesystem::remove(path);
-  std::ofstream file(path, std::ios::binary);
-  file.write(text.data(), static_cast<std::streamsize>(text.size()));
-}
-
-std::string text_of(const std::filesystem::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
 
 std::string point_line(std::int32_t l, std::int32_t n, std::int32_t k1, std::string_view quantity) {
   return "e_l " + int_text(l) + " " + int_text(n) + " " + int_text(k1) + " " + repeated("0", 29) + " " +
@@ -51,7 +28,7 @@ void fill_every_part(Document& document) {
   entry.offset = Lk::at(1, 2, -1);
   document.algadd.set_entry(0, 2, entry);
   document.algadd.set_entry(15, 255, entry);
-  document.algadd.select(5, 3);
+  document.algadd.select(3, 5);
   document.ranges.table(31).range[0] = {Lk::filled(lowest_int), Lk::filled(highest_int)};
   document.ranges.table(0).range[1] = {Lk::at(1, 2, 3), Lk::at(4, 5, 6)};
   document.ranges.table(0).icoo_along_x_in_g = {2, 31};

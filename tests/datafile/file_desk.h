@@ -1,9 +1,7 @@
 #pragma once
 
 #include <filesystem>
-#include <fstream>
 #include <functional>
-#include <iterator>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,37 +11,9 @@
 #include "datafile/reader.h"
 #include "datafile/writer.h"
 #include "interact/scripted_user.h"
+#include "support/temporary_folder.h"
 
 namespace kov {
-
-/// A new folder under the system's folder for temporary files; while it lives it is the current
-/// directory, and it goes with everything in it.
-class TemporaryFolder {
- public:
-  TemporaryFolder() : before_(std::filesystem::current_path()) {
-    std::string name = (std::filesystem::temp_directory_path() / "kov-test-XXXXXX").string();
-    path_ = ::mkdtemp(name.data());
-    std::filesystem::current_path(path_);
-  }
-  ~TemporaryFolder() {
-    std::filesystem::current_path(before_);
-    std::filesystem::remove_all(path_);
-  }
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-
-  const std::filesystem::path& path() const { return path_; }
-
-  /// The names in it, hidden ones included, sorted.
-  std::vector<std::string> names() const;
-
- private:
-  std::filesystem::path before_;
-  std::filesystem::path path_;
-};
-
-void write_text(const std::filesystem::path& path, std::string_view text);
-std::string text_of(const std::filesystem::path& path);
 
 /// A document with everything around it that reading and saving need, in a folder of its own.
 struct FileDesk {
@@ -55,6 +25,7 @@ struct FileDesk {
   CurrentFile current;
   WindowFacts window;
   int applied = 0;
+  int pages_shown = 0;
 
   FileDesk() {
     document.cph.InitPrgPar(window);
@@ -62,10 +33,12 @@ struct FileDesk {
   }
 
   FileContext context() {
-    return {document, current, window, scripted.user(), [this] { ++applied; }};
+    return {document, current, window, scripted.user(), [this] { ++applied; }, [this] { ++pages_shown; }};
   }
   ReadOutcome read(const std::filesystem::path& path, std::int32_t nelast = every_step) {
-    return read_data_file(path, document, current, nelast, window, scripted.user());
+    auto file = open_data_file(path, document, window, scripted);
+    if (!file) return ReadOutcome::not_opened;
+    return read_opened_file(std::move(*file), document, current, nelast, scripted.user());
   }
   /// Writes the text to a file and reads it.
   ReadOutcome read_text(std::string_view text, std::int32_t nelast = every_step) {

@@ -46,6 +46,7 @@ const std::vector<LineCase> refused_lines = {
     {"e_aa_imm_p 7",                            "entry_aa_imm_selected_p: max no int"},
     {"e_aa_imm_p 7 256",                        "entry_aa_imm_selected_p: max no int"},
     {"e_aa_imm_p 7 -1",                         "entry_aa_imm_selected_p: max no int"},
+    {"e_aa_imm_p 7 6",                          "entry_aa_imm_selected_p: max no int"},
     {"e_aa_imm_p 7 8 9",                        "entry_aa_imm_selected_p: end of line expected"},
     {"e_g2at",                                  "e_g2at Error in iym[0]"},
     {"e_g2at 1 2 3",                            "e_g2at Error in iym[2]"},
@@ -164,10 +165,10 @@ TEST_F(AcceptedLine, OfAxesMaySwapThem) {
   EXPECT_EQ(document.slice.ydim(), 30);
 }
 
-TEST_F(AcceptedLine, OfASelectionMayBeEmpty) {
-  take("e_aa_imm_p 255 0");
-  EXPECT_EQ(document.algadd.selected_first(), 255);
-  EXPECT_EQ(document.algadd.selected_last(), 0);
+TEST_F(AcceptedLine, OfASelectionMayHoldOneEntry) {
+  take("e_aa_imm_p 254 254");
+  EXPECT_EQ(document.algadd.selected_first(), 254);
+  EXPECT_EQ(document.algadd.selected_last(), 254);
 }
 
 TEST_F(AcceptedLine, OfCurveStatesSetsAll) {

@@ -139,6 +139,9 @@ TEST(ReadDataFile, AnsweredWithNoLeavesTheStartUpState) {
   EXPECT_EQ(desk.read_text(text), ReadOutcome::aborted);
   EXPECT_EQ(desk.state(), at_start);
   EXPECT_FALSE(desk.current.chosen);
+  EXPECT_TRUE(desk.current.read_aborted);
+  desk.read_text("");
+  EXPECT_FALSE(desk.current.read_aborted);
 }
 
 TEST(ReadDataFile, MetByBreakLeavesTheStartUpState) {
@@ -150,6 +153,7 @@ TEST(ReadDataFile, MetByBreakLeavesTheStartUpState) {
   desk.scripted.break_at_check(2);
   EXPECT_EQ(desk.read_text(text), ReadOutcome::aborted);
   EXPECT_EQ(desk.state(), at_start);
+  EXPECT_TRUE(desk.current.read_aborted);
   EXPECT_FALSE(desk.scripted.is_open());
 }
 
@@ -212,22 +216,12 @@ TEST(ReadDataFile, OfTheConfigurationThatIsAbortedRestoresTheDefaultsAlone) {
   desk.scripted.set_answers({"no"});
   EXPECT_EQ(desk.read_text("Slq_ColCount 77 2 1000 1\nSlq_RowCount x", configuration_only),
             ReadOutcome::aborted);
+  EXPECT_FALSE(desk.current.read_aborted);
   EXPECT_EQ(desk.document.cph.kmi("Slq_ColCount"), default_count);
   EXPECT_EQ(desk.document.cph.kmi("Graph2a_ny"), 0);
   EXPECT_EQ(desk.document.lmap.count(), 4U);
   EXPECT_NE(desk.document.comment, "");
   EXPECT_EQ(desk.document.algadd.used_length(0), 3);
-}
-
-TEST(ReadDataFile, ClosesTheGapsOfAllTablesWhenTheFileWantsIt) {
-  for (const bool wanted : {false, true}) {
-    FileDesk desk;
-    const std::string parameter = std::string("Algadd_del_p0_entries ") + (wanted ? "1" : "0") + " 0 1 1\n";
-    const std::string fields = " 1 0 " + repeated("0", 32) + "\n";
-    desk.read_text("e_aa 0 7" + fields + "e_aa 15 255" + fields + parameter);
-    EXPECT_EQ(desk.document.algadd.used_length(0), wanted ? 1 : 8);
-    EXPECT_EQ(desk.document.algadd.used_length(15), wanted ? 1 : 256);
-  }
 }
 
 TEST(ReadDataFile, ThatFailsOnTheWayIsAbortedAndReported) {
@@ -236,6 +230,7 @@ TEST(ReadDataFile, ThatFailsOnTheWayIsAbortedAndReported) {
   fill_every_part(desk.document);
   EXPECT_EQ(desk.read("/proc/self/mem"), ReadOutcome::aborted);
   EXPECT_EQ(desk.state(), at_start);
+  EXPECT_TRUE(desk.current.read_aborted);
   ASSERT_EQ(desk.reports.size(), 2U);
   EXPECT_TRUE(desk.reports[1].starts_with("error: Cannot read /proc/self/mem:\n")) << desk.reports[1];
 }

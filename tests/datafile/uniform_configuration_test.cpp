@@ -67,6 +67,27 @@ TEST(UniformConfiguration, CanBeDeleted) {
   EXPECT_EQ(messages.texts(), std::vector<std::string>{});
 }
 
+TEST(UniformConfiguration, ThatCannotBeDeletedIsReportedByItsReason) {
+  const std::string forbidden = "kovcfg.aa1 not removed, access forbidden.";
+  struct Case {
+    std::errc failure;
+    std::string text;
+  };
+  const auto reason = [](std::errc failure) {
+    return "Cannot remove kovcfg.aa1:\n" + std::make_error_code(failure).message();
+  };
+  // clang-format off
+  const Case cases[] = {
+      {std::errc::permission_denied,       forbidden},
+      {std::errc::operation_not_permitted, forbidden},
+      {std::errc::read_only_file_system,   forbidden},
+      {std::errc::device_or_resource_busy, reason(std::errc::device_or_resource_busy)},
+      {std::errc::io_error,                reason(std::errc::io_error)},
+  };
+  // clang-format on
+  for (const Case& c : cases) EXPECT_EQ(removal_failure_text(std::make_error_code(c.failure)), c.text);
+}
+
 TEST(UniformConfiguration, ThatMustNotBeDeletedIsReported) {
   const TemporaryFolder folder;
   write_text("kovcfg.aa1", "");

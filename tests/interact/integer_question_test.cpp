@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <deque>
+#include <functional>
 #include <vector>
 
 namespace kov {
@@ -167,6 +168,12 @@ TEST(AskTwoIntegers, TakesExactlyTwoWithinTheBounds) {
     Typist typist({row.text});
     EXPECT_EQ(ask_two_integers(typist, "c", "p", "", {-10, 10}), row.values) << "'" << row.text << "'";
   }
+}
+
+TEST(AskTwoIntegers, AsksAgainUntilTheConditionHolds) {
+  Typist typist({"5,4", "11,12", "4,4", "3,4"});
+  EXPECT_EQ(ask_two_integers(typist, "c", "p", "", {0, 10}, std::less_equal<>{}), (std::array{4, 4}));
+  EXPECT_EQ(typist.texts_left(), 1U);
 }
 
 TEST(AskThreeIntegers, ShowsItsPromptAndPreset) {

@@ -174,7 +174,7 @@ TEST_F(Sums1Test, FailuresByKind) {
   const Case cases[] = {
       {[] { throw floating_overflow("too large"); },   " MathError when creating Sums1: \ntoo large"},
       {[] { throw math_error("not a number"); },       " MathError when creating Sums1: \nnot a number"},
-      {[] { throw ratyp_error("ratyp error: de=0"); }, " MathError when creating Sums1: \nratyp error: de=0"},
+      {[] { throw ratyp_error(); },                    " MathError when creating Sums1: \nratyp error: de=0"},
       {[] { throw program_error("no sum"); },          "Error when creating Sums1"},
       {[] { throw std::bad_alloc(); },                 "Error when creating Sums1"},
   };

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdlib>
+#include <limits>
 
 namespace kov {
 namespace {
@@ -9,7 +10,11 @@ namespace {
 /// Allocations up to and including the one that fails; not above 0 when none does.
 constinit thread_local std::int64_t allocations_left = 0;
 
+/// The largest allocation that succeeds.
+constinit thread_local std::size_t largest_allocation = std::numeric_limits<std::size_t>::max();
+
 void* allocate(std::size_t size) {
+  if (size > largest_allocation) throw std::bad_alloc();
   if (allocations_left > 0 && --allocations_left == 0) throw std::bad_alloc();
   if (void* memory = std::malloc(size == 0 ? 1 : size)) return memory;
   throw std::bad_alloc();
@@ -22,6 +27,10 @@ FailingAllocation::FailingAllocation(std::int64_t k) noexcept { allocations_left
 FailingAllocation::~FailingAllocation() { allocations_left = 0; }
 
 bool FailingAllocation::happened() const noexcept { return allocations_left == 0; }
+
+LimitedAllocations::LimitedAllocations(std::size_t limit) noexcept { largest_allocation = limit; }
+
+LimitedAllocations::~LimitedAllocations() { largest_allocation = std::numeric_limits<std::size_t>::max(); }
 
 }  // namespace kov
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <new>
 
@@ -16,6 +17,16 @@ class FailingAllocation {
 
   /// True when the k-th allocation has been asked for.
   bool happened() const noexcept;
+};
+
+/// While it lives, allocations by operator new of its thread of more bytes than the limit throw
+/// std::bad_alloc. One at a time a thread.
+class LimitedAllocations {
+ public:
+  explicit LimitedAllocations(std::size_t limit) noexcept;
+  ~LimitedAllocations();
+  LimitedAllocations(const LimitedAllocations&) = delete;
+  LimitedAllocations& operator=(const LimitedAllocations&) = delete;
 };
 
 /// Runs operation on copies of before: in the k-th run its k-th allocation fails, until a run asks for

@@ -28,6 +28,8 @@ std::vector<std::string> TemporaryFolder::names() const {
 }
 
 void write_text(const std::filesystem::path& path, std::string_view text) {
+  // A new file is not flushed when it is closed, as one that was truncated is on some file systems.
+  std::filesystem::remove(path);
   std::ofstream file(path, std::ios::binary);
   file.write(text.data(), static_cast<std::streamsize>(text.size()));
 }

@@ -55,6 +55,17 @@ TEST_P(Start, IsDisabledWhileItsTableIsEmpty) {
   EXPECT_TRUE(desk.enabled("Alg", c.item));
 }
 
+TEST_P(Start, PresetsTheDefaultNumberOfSteps) {
+  Desk desk;
+  const StartCase& c = GetParam();
+  desk.set_halving_entry(c.table);
+  desk.algadd().set_aanr(c.table);
+  desk.fill_rows(0, 0);
+  desk.document().cph.setkmi_1("Algadd_DefaultStepCount", 33);
+  EXPECT_EQ(desk.preset("Alg", c.item), "33");
+  EXPECT_EQ(desk.rows(), "0:1");
+}
+
 TEST_P(Start, KeepsSilentOnAnEmptyStore) {
   Desk desk;
   const StartCase& c = GetParam();
@@ -102,6 +113,13 @@ TEST(Alg, ChangeNrSetsTheCurrentTableOnly) {
   EXPECT_EQ(desk.document().cph.kmi("Algadd_DefaultTableIndex"), 0);
   EXPECT_EQ(desk.caption("Alg", "Change Algadd Nr"), "Change aanr=12");
   EXPECT_EQ(desk.caption("Alg", "Start Algadd"), "Start Algadd 12");
+}
+
+TEST(Alg, ChangeNrPresetsTheDefaultTable) {
+  Desk desk;
+  desk.document().cph.setkmi_1("Algadd_DefaultTableIndex", 11);
+  desk.algadd().set_aanr(4);
+  EXPECT_EQ(desk.preset("Alg", "Change Algadd Nr"), "11");
 }
 
 TEST(Alg, ChangeNrRefusesATableThatDoesNotExist) {

@@ -2,6 +2,7 @@
 
 #include <limits>
 #include <string>
+#include <utility>
 
 #include "text/integers.h"
 #include "workbench/desk.h"
@@ -48,6 +49,20 @@ TEST(AlgaddTable, CopyTableChangesToTheCopy) {
   EXPECT_EQ(desk.document().cph.kmi("Algadd_DefaultTableIndex"), 0);
 }
 
+TEST(AlgaddTable, PresetsFollowTheParameterTheSelectionAndTheCurrentEntry) {
+  TableDesk desk;
+  desk.document().cph.setkmi_1("Algadd_DefaultTableIndex", 11);
+  desk.algadd().select(3, 250);
+  desk.workbench.current_entry = 17;
+  const std::pair<const char*, const char*> rows[] = {
+      {"CopyTable", "11"},
+      {"ChooseNr", "11"},
+      {"Select_p", "3,250"},
+      {"CopyEntry", "17"},
+  };
+  for (const auto& [item, preset] : rows) EXPECT_EQ(desk.preset("Algadd", item), preset) << item;
+}
+
 TEST(AlgaddTable, EraseTableErasesTheCurrentOne) {
   TableDesk desk;
   set_factor(desk, 3, 0, cotyp(1));
@@ -75,6 +90,11 @@ TEST_P(Factor, AsksForANumberAndChangesTheCurrentTable) {
             dialog_report(c.caption, std::string(c.prompt) + "\nenter complex number c", c.answer));
   EXPECT_EQ(factors(desk, 2), c.factors);
   EXPECT_EQ(factors(desk, 1), "5");
+}
+
+TEST_P(Factor, Presets1) {
+  TableDesk desk;
+  EXPECT_EQ(desk.preset("Algadd", GetParam().item), "1");
 }
 
 TEST_P(Factor, ChangesNothingWhenItIsCancelled) {
@@ -110,7 +130,7 @@ TEST(AlgaddTable, SelectTakesTwoEntryNumbers) {
                           "3, 5"));
   EXPECT_EQ(desk.algadd().selected_first(), 3);
   EXPECT_EQ(desk.algadd().selected_last(), 5);
-  for (const char* answer : {"0,256", "-1,5", "3", "3,4,5"}) {
+  for (const char* answer : {"0,256", "-1,5", "3", "3,4,5", "5,3"}) {
     EXPECT_EQ(desk.run("Algadd", "Select_p", {answer}).back(), std::string("refused: ") + answer);
   }
   EXPECT_EQ(desk.algadd().selected_last(), 5);

@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "text/tokens.h"
 #include "workbench/desk.h"
 
 namespace kov {
@@ -99,6 +101,8 @@ struct DialogCase {
   const char* item;
   const char* caption;
   const char* prompt;
+  /// On the rows 2 ... 9.
+  const char* preset;
   const char* answer;
   bool needs_nlast;
 };
@@ -123,6 +127,12 @@ TEST_P(CmdDialog, ChangesNothingWhenItIsCancelled) {
   EXPECT_EQ(desk.person.caption(), "as it was");
 }
 
+TEST_P(CmdDialog, PresetsWhatChangesLeast) {
+  Desk desk;
+  desk.fill_rows(2, 9);
+  EXPECT_EQ(desk.preset("Cmd", GetParam().item), GetParam().preset);
+}
+
 TEST_P(CmdDialog, IsAskedOnAnEmptyStoreUnlessItNeedsTheLastRow) {
   Desk desk;
   const DialogCase& c = GetParam();
@@ -132,19 +142,52 @@ TEST_P(CmdDialog, IsAskedOnAnEmptyStoreUnlessItNeedsTheLastRow) {
 
 // clang-format off
 INSTANTIATE_TEST_SUITE_P(Cmd, CmdDialog, testing::Values(
-    DialogCase{"Move All",              "Move lattice",                              "To move all quantities from n to n+a\nenter integer a", "0", false},
-    DialogCase{"Move Part",             "Move lattice part",                         "To move quantities with a<=n<=b to c (offset=c-a)\nenter the three integers   a,b,c", "1,1,1", false},
-    DialogCase{"Copy Part",             "Copy lattice part",                         "To copy quantities with a<=n<=b to c (offset=c-a)\nenter the three integers   a,b,c", "1,1,1", false},
-    DialogCase{"Delete Part",           "Delete part of lattice",                    "To delete all quantities with a<=n<=b\nenter the two integers   a,b", "1,1", false},
-    DialogCase{"Delete all but last",   "Delete all but last",                       "To erase all of lattice except\nits last a rows\nenter integer a [0<=a]", "1", true},
-    DialogCase{"dto outside Sums1",     "Del outside Sums1",                         "To erase all of lattice except its part\nwithin the Ranges of current Sums1 Table\nand except its last a rows\nenter integer a", "1", true},
-    DialogCase{"Del smallest of nlast", "Partial Deletion of Row nlast=9",           "To continue branching algorithms\nwithout too much memory consumption\nit can be necessary to delete those lattice points of the\nlast row, which have the smallest absolute quantities\n\nTo delete i percent of last row\nwith smallest absolute quantities\nenter integer i [0<=i<=100]", "0", true},
-    DialogCase{"Ch. last b. 0",         "Choose last part as past in n=0",           "To choose last a rows, move them\nbefore inclusive n=0 and delete rest\nenter integer a", "2", true},
-    DialogCase{"Ch. last a. 0",         "Choose last part as start in n=0",          "To choose last a rows, move them\nafter inclusive n=0 and delete rest\nenter integer a", "2", true},
-    DialogCase{"Choose Last",           "Choose last part of lattice",               "Choose last a rows: To move quantities with\nnlast-a < n <= nlast to b and delete rest\nenter the two integers   a,b", "2,3", true},
-    DialogCase{"Choose Part",           "Choose lattice part",                       "Choose: To move quantities with\n a<=n<=b to c and delete rest\nenter the three integers   a,b,c", "1,2,3", false},
-    DialogCase{"Choose First",          "Choose first: Delete last part of lattice", "To delete all quantities with a>=n\nenter integer a", "5", false}));
+    DialogCase{"Move All",              "Move lattice",                              "To move all quantities from n to n+a\nenter integer a", "0",     "0",     false},
+    DialogCase{"Move Part",             "Move lattice part",                         "To move quantities with a<=n<=b to c (offset=c-a)\nenter the three integers   a,b,c", "9,9,9", "1,1,1", false},
+    DialogCase{"Copy Part",             "Copy lattice part",                         "To copy quantities with a<=n<=b to c (offset=c-a)\nenter the three integers   a,b,c", "9,9,9", "1,1,1", false},
+    DialogCase{"Delete Part",           "Delete part of lattice",                    "To delete all quantities with a<=n<=b\nenter the two integers   a,b", "9,9",   "1,1",   false},
+    DialogCase{"Delete all but last",   "Delete all but last",                       "To erase all of lattice except\nits last a rows\nenter integer a [0<=a]", "8",     "1",     true},
+    DialogCase{"dto outside Sums1",     "Del outside Sums1",                         "To erase all of lattice except its part\nwithin the Ranges of current Sums1 Table\nand except its last a rows\nenter integer a", "8",     "1",     true},
+    DialogCase{"Del smallest of nlast", "Partial Deletion of Row nlast=9",           "To continue branching algorithms\nwithout too much memory consumption\nit can be necessary to delete those lattice points of the\nlast row, which have the smallest absolute quantities\n\nTo delete i percent of last row\nwith smallest absolute quantities\nenter integer i [0<=i<=100]", "30",    "0",     true},
+    DialogCase{"Ch. last b. 0",         "Choose last part as past in n=0",           "To choose last a rows, move them\nbefore inclusive n=0 and delete rest\nenter integer a", "8",     "2",     true},
+    DialogCase{"Ch. last a. 0",         "Choose last part as start in n=0",          "To choose last a rows, move them\nafter inclusive n=0 and delete rest\nenter integer a", "8",     "2",     true},
+    DialogCase{"Choose Last",           "Choose last part of lattice",               "Choose last a rows: To move quantities with\nnlast-a < n <= nlast to b and delete rest\nenter the two integers   a,b", "8,2",   "2,3",   true},
+    DialogCase{"Choose Part",           "Choose lattice part",                       "Choose: To move quantities with\n a<=n<=b to c and delete rest\nenter the three integers   a,b,c", "2,9,2", "1,2,3", false},
+    DialogCase{"Choose First",          "Choose first: Delete last part of lattice", "To delete all quantities with a>=n\nenter integer a", "9",     "5",     false}));
 // clang-format on
+
+TEST(Cmd, APresetThatIsConfirmedKeepsEveryPoint) {
+  const char* const items[] = {"Move All",          "Move Part",   "Copy Part",   "Delete all but last",
+                               "dto outside Sums1", "Choose Last", "Choose Part", "Ch. last b. 0",
+                               "Ch. last a. 0"};
+  for (const char* item : items) {
+    Desk desk;
+    desk.fill_rows(0, 0);
+    desk.lmap().set(Lk::at(0, 5), cotyp(6));
+    const std::string moved = std::string(item) == "Ch. last b. 0" ? "-5:1 0:6" : "0:1 5:6";
+    desk.run("Cmd", item, {desk.preset("Cmd", item)});
+    EXPECT_EQ(desk.rows(), moved) << item;
+  }
+}
+
+TEST(Cmd, PresetsOfAnEmptyStoreNameRow0) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"Move Part", "0,0,0"},   {"Copy Part", "0,0,0"}, {"Delete Part", "0,0"},
+      {"Choose Part", "0,0,0"}, {"Choose First", "0"},
+  };
+  for (const auto& [item, preset] : rows) {
+    Desk desk;
+    EXPECT_EQ(desk.preset("Cmd", item), preset) << item;
+  }
+}
+
+TEST(Cmd, MoreRowsThanAnIntegerHoldsArePresetAsTheLargestInteger) {
+  Desk desk;
+  desk.lmap().set(Lk::at(0, lowest_int), cotyp(1));
+  desk.lmap().set(Lk::at(0, highest_int), cotyp(2));
+  EXPECT_EQ(desk.preset("Cmd", "Delete all but last"), "2147483647");
+  EXPECT_EQ(desk.preset("Cmd", "Choose Last"), "2147483647,-2147483648");
+}
 
 TEST(Cmd, CommandsWithoutADialogKeepSilentOnAnEmptyStore) {
   for (const char* item :
@@ -184,6 +227,18 @@ TEST(Cmd, QuickDelSmallestTakesTheDefaultPercent) {
   EXPECT_EQ(desk.caption("Cmd", "dto. for xx percent"), "dto. for 100 percent");
   desk.run("Cmd", "dto. for xx percent");
   EXPECT_TRUE(desk.lmap().empty());
+}
+
+TEST(Cmd, APercentageThatALineOfAFileWidenedDeletesTheRowAtMost) {
+  const std::pair<const char*, std::size_t> rows[] = {{"150 0 200 1", 0}, {"-5 -9 100 1", 10}};
+  for (const auto& [line, left] : rows) {
+    Desk desk;
+    fill_last_row_of_ten(desk);
+    Tokens rest(line);
+    ASSERT_EQ(desk.document().cph.read_configuration_line("DelSmallPercent_Default", rest, true), "");
+    desk.run("Cmd", "dto. for xx percent");
+    EXPECT_EQ(desk.lmap().count(), left) << line;
+  }
 }
 
 }  // namespace

@@ -4,26 +4,13 @@
 #include <filesystem>
 #include <string>
 
-#include "text/integers.h"
+#include "workbench/data_file_texts.h"
 #include "workbench/desk.h"
 
 namespace kov {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr const char* zeros = " 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 ";
-
-/// The line of a point at the origin of row n in lattice 0.
-std::string point(int n, const std::string& quantity) {
-  return "e_l 0 " + int_text(n) + zeros + quantity + "\r\n";
-}
-
-std::string rows_file(int last, const std::string& configuration = {}) {
-  std::string text = configuration;
-  for (int n = 0; n <= last; ++n) text += point(n, int_text(n + 1));
-  return text;
-}
 
 TEST(File, OpenReadsAFileAndMakesItsFolderTheCurrentOne) {
   Desk desk;
@@ -71,6 +58,19 @@ TEST(File, ReadTillStopsBehindItsStep) {
             "dialog: Read all but lattices only till n=2: -> x.aa1");
   EXPECT_EQ(desk.rows(), "0:1 1:2 2:3");
   EXPECT_EQ(desk.document().cph.kmi("Slq_ColCount"), 25);
+}
+
+TEST(File, ReadTillTheSmallestIntegerIsNoReadOfTheConfigurationAlone) {
+  Desk desk;
+  write_text("widened.aa1", "File_in_nelast -2147483648 -2147483648 2147483647 0\r\n");
+  desk.run("File", "Open", {"widened.aa1"});
+  ASSERT_EQ(desk.document().cph.kmi("File_in_nelast"), lowest_int);
+  desk.fill_rows(0, 2);
+  write_text("x.aa1", "\"comment\r\n" + rows_file(1));
+  desk.run("File", "Read till n", {"x.aa1"});
+  EXPECT_EQ(desk.document().comment, "comment\r\n");
+  EXPECT_EQ(desk.rows(), "");
+  EXPECT_EQ(desk.workbench.file.name(), "x.aa1");
 }
 
 TEST(File, ReadAgainOpensTheDialogBeforeAFileWasChosen) {
@@ -159,22 +159,26 @@ TEST(File, ResetCfgPutsEveryParameterBack) {
   desk.document().cph.setkmi_1("Slq_ColCount", 99);
   desk.document().cph.setkmi_1("Sums1_DefaultTableIndex", 7);
   desk.workbench.apply_parameters(desk.person);
+  desk.workbench.show_page(Page::config);
   constexpr const char* question = "Do you want to set all program parameters\nto default values?";
   EXPECT_EQ(desk.run_text("File", "Reset Cfg", {"no"}), question_report(question, "no"));
   EXPECT_EQ(desk.document().cph.kmi("Slq_ColCount"), 99);
   EXPECT_EQ(desk.run_text("File", "Reset Cfg", {"yes"}), question_report(question, "yes"));
   EXPECT_EQ(desk.document().cph.kmi("Slq_ColCount"), 20);
   EXPECT_EQ(desk.document().ranges.current_index(), 0) << "values are applied";
+  EXPECT_EQ(desk.workbench.active_page, 8) << "nothing was read, the page stays";
 }
 
 TEST(File, ResetCfgReadsTheUniformConfiguration) {
   Desk desk;
-  write_text("kovcfg.aa1", "Slq_ColCount 30 2 1000 1\r\n");
+  write_text("kovcfg.aa1", "Slq_ColCount 30 2 1000 1\r\nF1_Initial_Active_Page 3 0 8 0\r\n");
+  desk.workbench.show_page(Page::config);
   EXPECT_EQ(desk.run_text("File", "Reset Cfg", {"yes"}),
             question_report("Do you want to set all program parameters\nto default values contained in "
                             "kovcfg.aa1?",
                             "yes"));
   EXPECT_EQ(desk.document().cph.kmi("Slq_ColCount"), 30);
+  EXPECT_EQ(desk.workbench.active_page, 3) << "as after every read";
 }
 
 TEST(File, SaveAsMakesTheFileTheCurrentOne) {
@@ -205,6 +209,9 @@ TEST(File, ASaveThatFailsIsReportedAndLeavesTheOldFile) {
   EXPECT_EQ(reports[1], "beep");
   EXPECT_NE(reports[2].find("y.aa1"), std::string::npos);
   EXPECT_TRUE(desk.person.take_failure());
+  EXPECT_EQ(desk.workbench.file.path, fs::current_path() / "y.aa1") << "the dialog was confirmed";
+  EXPECT_TRUE(desk.workbench.file.chosen);
+  EXPECT_EQ(desk.run("File", "Save").size(), 2U) << "fails again, without a dialog";
   EXPECT_EQ(desk.run("File", "Save as", {"no/such/folder/y.aa1"}).size(), 3U);
 }
 
@@ -290,6 +297,7 @@ TEST(File, DelCfgFileIsEnabledWhileThereIsOne) {
 
 TEST(File, WarningLevelIsAskedForAndStored) {
   Desk desk;
+  EXPECT_EQ(desk.caption("File", "C. Warnlevel"), "Change warnl.  2");
   EXPECT_EQ(
       desk.run_text("File", "C. Warnlevel", {"4"}),
       dialog_report("Change warnlevel wl",
@@ -299,7 +307,8 @@ TEST(File, WarningLevelIsAskedForAndStored) {
                     "to a new integer i\nenter integer i [0<=i<=4]",
                     "4"));
   EXPECT_EQ(desk.person.wl(), 4);
-  EXPECT_EQ(desk.caption("File", "C. Warnlevel"), "C. Warnlevel");
+  EXPECT_EQ(desk.caption("File", "C. Warnlevel"), "Change warnl.  4");
+  EXPECT_EQ(desk.preset("File", "C. Warnlevel"), "4");
   desk.run("File", "C. Warnlevel", {"5"});
   EXPECT_EQ(desk.person.wl(), 4);
 }

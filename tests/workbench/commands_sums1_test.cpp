@@ -74,6 +74,7 @@ TEST(Sums1Menu, ChangeTableNumberStoresTheIndexAndOpensTheMenu) {
   EXPECT_EQ(desk.document().cph.kmi("Sums1_DefaultTableIndex"), 5);
   EXPECT_TRUE(desk.workbench.sums1.menu_open());
   EXPECT_EQ(desk.caption("Sums1", "Change Table Number"), "Choose new Table (curr.: 5)");
+  EXPECT_EQ(desk.preset("Sums1", "Change Table Number"), "5");
   EXPECT_EQ(desk.run("Sums1", "Change Table Number", {"32"}).back(), "refused: 32");
   EXPECT_EQ(desk.document().ranges.current_index(), 5);
 }
@@ -88,6 +89,7 @@ TEST(Sums1Menu, CopyTableCopiesEverythingAndChangesToTheCopy) {
   EXPECT_EQ(desk.document().ranges.current_index(), 31);
   EXPECT_EQ(desk.document().cph.kmi("Sums1_DefaultTableIndex"), 31);
   EXPECT_EQ(desk.table(), table);
+  EXPECT_EQ(desk.preset("Sums1", "Copy Table"), "31");
   desk.run("Sums1", "Copy Table");
   EXPECT_EQ(desk.document().ranges.current_index(), 31);
 }

@@ -12,6 +12,12 @@ TEST(Util, ActPageShowsThePageOfTheIndex) {
   EXPECT_EQ(desk.workbench.active_page, 4);
 }
 
+TEST(Util, ActPagePresetsTheActivePage) {
+  Desk desk;
+  desk.workbench.active_page = 7;
+  EXPECT_EQ(desk.preset("Util", "ActPage"), "7");
+}
+
 TEST(Util, ActPageRefusesAPageThatDoesNotExist) {
   Desk desk;
   desk.workbench.active_page = 2;

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/cancelling_questions.h"
 #include "text/integers.h"
 
 namespace kov {
@@ -43,6 +44,14 @@ std::string Desk::run_text(std::string_view menu, std::string_view item, std::ve
     text += (text.empty() ? "" : "\n") + report;
   }
   return text;
+}
+
+std::string Desk::preset(std::string_view menu, std::string_view item) {
+  CancellingQuestions questions;
+  if (const Command* command = command_or_failure(menu, item)) {
+    run_command(*command, workbench, {person, questions, person});
+  }
+  return questions.asked.preset;
 }
 
 bool Desk::enabled(std::string_view menu, std::string_view item) const {

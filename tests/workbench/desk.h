@@ -32,12 +32,15 @@ struct Desk {
   /// Likewise, as one text.
   std::string run_text(std::string_view menu, std::string_view item, std::vector<std::string> answers = {});
 
+  /// What the input of the command's dialog holds when it opens; the dialog is cancelled.
+  std::string preset(std::string_view menu, std::string_view item);
+
   bool enabled(std::string_view menu, std::string_view item) const;
   std::string caption(std::string_view menu, std::string_view item) const;
 
   /// A point with the quantity n + 1 at the origin of each of the rows first ... last.
   void fill_rows(std::int32_t first, std::int32_t last);
-  /// The points at the origins of lattice 0, as "n:quantity n:quantity ...".
+  /// Every point by its step alone, in key order: "n:quantity n:quantity ...".
   std::string rows() const;
 
   /// Table t gets the one entry that moves half of a point to k1 + 1.

@@ -3,9 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <new>
 #include <string>
 #include <vector>
 
+#include "support/failing_allocation.h"
 #include "workbench/desk.h"
 
 namespace kov {
@@ -62,6 +64,44 @@ TEST(StartUp, WithAFileThatCannotBeReadKeepsTheDefaults) {
   EXPECT_EQ(desk.workbench.file.path, "a.aa1");
   EXPECT_FALSE(desk.workbench.file.chosen);
   EXPECT_EQ(desk.person.caption(), no_file);
+}
+
+/// Nothing was read, or the read went back to the defaults: in both cases they are in force. Memory that
+/// runs out behind a complete read takes nothing back.
+void expect_consistent(Desk& desk) {
+  const bool complete = desk.workbench.file.chosen;
+  EXPECT_EQ(desk.rows(), complete ? "4:7" : "");
+  EXPECT_EQ(desk.document().cph.kmi("Slq_ColCount"), 20);
+  EXPECT_EQ(desk.document().cph.kmi("Sums1_DefaultTableIndex"), complete ? 7 : 0);
+  EXPECT_EQ(desk.document().ranges.current_index(), complete ? 7 : 0);
+}
+
+/// Starts with one allocation after the other failing, in steps that meet every part of a start; gives
+/// the number of starts that reported it.
+int start_with_failing_allocations(const Arguments& arguments) {
+  constexpr int step = 7;
+  for (int failures = 0, k = 1;; k += k < 50 ? 1 : step) {
+    Desk desk;
+    write_text("kovcfg.aa1", "Slq_ColCount 30 2 1000 1\r\nSums1_DefaultTableIndex 6 0 31 0\r\n");
+    write_text("x.aa1", std::string("Sums1_DefaultTableIndex 7 0 31 0\r\n") + one_point);
+    try {
+      const FailingAllocation failing(k);
+      start_up(desk.workbench, desk.user(), arguments);
+      if (!failing.happened()) return failures;
+    } catch (const std::bad_alloc&) {
+      ADD_FAILURE() << "allocation " << k << " ended the program";
+    }
+    if (desk.reports.empty()) continue;  // the library or the caption could do without it
+    EXPECT_EQ(desk.reports,
+              (std::vector<std::string>{"beep", "error: Not enough memory; the read was ended."}));
+    expect_consistent(desk);
+    ++failures;
+  }
+}
+
+TEST(StartUp, ReportsMemoryThatRunsOut) {
+  EXPECT_GT(start_with_failing_allocations({}), 10);
+  EXPECT_GT(start_with_failing_allocations({"x.aa1"}), 10);
 }
 
 TEST(StartUp, WithTwoArgumentsReadsNothing) {

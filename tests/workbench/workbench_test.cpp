@@ -100,6 +100,20 @@ INSTANTIATE_TEST_SUITE_P(Workbench, InvalidIndex, testing::Values(
     IndexCase{"F1_Initial_Active_Page", "9"},          IndexCase{"F1_Initial_Active_Page", "-1"}));
 // clang-format on
 
+TEST(Workbench, TakesAnyValueOfASwitchButZeroAsOn) {
+  struct Case {
+    const char* value;
+    bool on;
+  };
+  for (const Case& c : {Case{"1", true}, Case{"0", false}, Case{"-1", true}, Case{"2", true}}) {
+    Desk desk;
+    read_widened(desk.document(), "Graph1_oplot_if_2_curves", c.value);
+    desk.workbench.apply_parameter("Graph1_oplot_if_2_curves", desk.person);
+    EXPECT_EQ(desk.workbench.graph1_overlay, c.on) << c.value;
+    EXPECT_TRUE(desk.reports.empty()) << c.value;
+  }
+}
+
 TEST(Workbench, ShowsTheInitialPage) {
   Desk desk;
   desk.document().cph.setkmi_1("F1_Initial_Active_Page", 8);
