@@ -54,7 +54,7 @@ std::string range_of(const MMI& parameter) {
 
 std::string row_of(const Kpair& entry) {
   const auto& [keyword, parameter] = entry;
-  return "<tr><td class=\"keyword\"><a name=\"" + keyword + "\"></a><code>" + keyword + "</code></td><td>" +
+  return "<tr><td><a name=\"" + keyword + "\"></a><code>" + keyword + "</code></td><td>" +
          int_text(parameter.i) + "</td><td>" + range_of(parameter) + "</td><td>" +
          (parameter.ucfg ? "u" : "") + "</td><td>" + html_text(parameter.description) + "</td></tr>\n";
 }
