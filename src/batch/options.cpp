@@ -137,12 +137,22 @@ Lines:
   Set KEYWORD VALUE                     set a program parameter
   Check NAME on|off                     set a check box
   Comment TEXT                          append a line to the comment
-  Print WHAT [> FILE]                   status, caption, comment, lattice, menu
-                                        or a page's grid (Slsums1)
+  Print WHAT [> FILE]                   status, caption, comment, lattice, menu,
+                                        a page's grid, or "label" and a page
+  Cell GRID COLUMN,ROW TEXT             replace the text of a grid's cell
+  Key GRID COLUMN,ROW KEY               press a key at a cell: one character,
+                                        Enter, Esc, Tab, Up, Down, PageUp,
+                                        PageDown, Ctrl+PageUp, Ctrl+PageDown
+  Click GRID COLUMN,ROW left|right|double [: ANSWER | ANSWER ...]
+                                        the mouse at a cell
   Break N                               the next line that runs anything meets
                                         Break at its N-th check
   Echo TEXT                             write TEXT
   ; TEXT                                a remark
+
+Grids: Slq, Sldim, Sllist, SlAlgadd, Slds1, Slsums1, Slsums2, Slconfig; columns
+and rows count from 0, headings included. Lines about a grid show its page.
+Pages with a label: Algadd, Sums1, Sums2, Graph1, Graph2.
 
 Exit status: 0 every line was carried out, 1 a line failed, 2 the options or a
 script could not be read, 130 interrupted.

@@ -1,11 +1,15 @@
 #include "widgets/help_browser.h"
 
 #include <QEvent>
+#include <QTextOption>
 
 namespace kov {
 
 HelpBrowser::HelpBrowser(const QHelpEngineCore& engine, QWidget* parent)
-    : QTextBrowser(parent), engine_(engine) {}
+    : QTextBrowser(parent), engine_(engine) {
+  // Narrow columns would break long keywords in two.
+  setWordWrapMode(QTextOption::WordWrap);
+}
 
 QVariant HelpBrowser::loadResource(int, const QUrl& name) {
   const QUrl url = name.isRelative() ? source().resolved(name) : name;

@@ -1,6 +1,5 @@
 #include "widgets/help_collection.h"
 
-#include <QCoreApplication>
 #include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
@@ -9,16 +8,13 @@
 namespace kov {
 namespace {
 
-constexpr const char* file_name = "kov.hlp";
 constexpr const char* identity_key = "kov/help_file";
 
 /// Changes when the help file does, or when another one is read.
 QString identity_of(const QString& help_file) {
   const QFileInfo info(help_file);
-  return QString("%1|%2|%3")
-      .arg(info.absoluteFilePath())
-      .arg(info.size())
-      .arg(info.lastModified().toMSecsSinceEpoch());
+  return info.absoluteFilePath() + "|" + QString::number(info.size()) + "|" +
+         QString::number(info.lastModified().toMSecsSinceEpoch());
 }
 
 bool is_known(const QHelpEngineCore& engine) {
@@ -26,13 +22,6 @@ bool is_known(const QHelpEngineCore& engine) {
 }
 
 }  // namespace
-
-QString help_file_of_program() {
-  const QDir programs(QCoreApplication::applicationDirPath());
-  const QString beside = programs.filePath(file_name);
-  const QString installed = QDir::cleanPath(programs.filePath(QString("../share/kov/") + file_name));
-  return !QFileInfo::exists(beside) && QFileInfo::exists(installed) ? installed : beside;
-}
 
 HelpCollection::HelpCollection(const QString& help_file)
     : engine_(std::make_unique<QHelpEngine>(QDir(folder()).filePath("help.qhc"))) {

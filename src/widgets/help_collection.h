@@ -11,10 +11,6 @@ namespace kov {
 inline constexpr const char* help_namespace = "kov.workbench.help";
 inline constexpr const char* help_address = "qthelp://kov.workbench.help/doc/";
 
-/// Where the help file is: beside the program, as in a build, or in the installation's share/kov. The name
-/// of the first place when it is in none.
-QString help_file_of_program();
-
 /// Reads a help file. What the reading needs to write (a database, the index of words) goes to the user's
 /// cache folder, and where that cannot be written to a temporary one, so that the help file may be read-only
 /// and belong to somebody else.

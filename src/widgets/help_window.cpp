@@ -65,7 +65,7 @@ void HelpWindow::show_views() {
 
 QWidget* HelpWindow::reading_side() {
   browser_ = new HelpBrowser(collection_.engine());
-  connect(browser_, &QTextBrowser::sourceChanged, this, &HelpWindow::follow_in_contents);
+  connect(browser_, &QTextBrowser::sourceChanged, this, &HelpWindow::select_in_contents);
   auto* const tools = new QToolBar;
   const auto add = [&](QStyle::StandardPixmap icon, const char* text, const QKeySequence& keys,
                        void (QTextBrowser::*step)()) {
@@ -95,7 +95,7 @@ QWidget* HelpWindow::contents_view() {
       open_page(item->url());
   });
   connect(collection_.engine().contentModel(), &QHelpContentModel::contentsCreated, this,
-          &HelpWindow::follow_in_contents);
+          [this] { select_in_contents(browser_->source()); });
   collection_.engine().contentModel()->createContents("");
   return contents;
 }
@@ -162,10 +162,10 @@ void HelpWindow::list_found(int count) {
 
 void HelpWindow::open_found(const QListWidgetItem* found) { open_page(found->data(Qt::UserRole).toUrl()); }
 
-/// Selects the entry of the page that is read, however it was reached.
-void HelpWindow::follow_in_contents() {
+/// The page that is read, however it was reached.
+void HelpWindow::select_in_contents(const QUrl& page) {
   QHelpContentWidget* const contents = collection_.engine().contentWidget();
-  const QModelIndex entry = contents->indexOf(browser_->source());
+  const QModelIndex entry = contents->indexOf(page);
   if (entry.isValid()) contents->setCurrentIndex(entry);
 }
 
@@ -176,7 +176,7 @@ void HelpWindow::show_search() { present(search_page_, words_); }
 void HelpWindow::show_topic(const QString& name) {
   if (browser_ != nullptr) {
     const QUrl page = page_of(name);
-    open_page(collection_.engine().findFile(page).isValid() ? page : page_of("overview"));
+    open_page(collection_.engine().fileData(page).isEmpty() ? page_of("overview") : page);
   }
   show_contents();
 }

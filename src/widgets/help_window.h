@@ -45,7 +45,7 @@ class HelpWindow final : public QWidget {
 
   void open_page(const QUrl& url) { browser_->setSource(url); }
   void open_found(const QListWidgetItem* found);
-  void follow_in_contents();
+  void select_in_contents(const QUrl& page);
   void list_found(int count);
   void present(QWidget* view, QWidget* focus);
 

@@ -25,6 +25,8 @@ class StringGrid final : public QTableView {
   StringGrid(GridModel& model, Messages& messages, QWidget* parent = nullptr);
   ~StringGrid() override;
 
+  GridModel& model_of_grid() { return model_; }
+
   /// Text of the tool tip over a cell, headings included; where it is empty, as without a function, a text
   /// that does not fit into its cell shows in full.
   void set_tool_tip(std::function<QString(GridCell)> tool_tip) { tool_tip_ = std::move(tool_tip); }

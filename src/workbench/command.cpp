@@ -70,12 +70,18 @@ const Command* find_command(std::string_view menu, std::string_view item) {
 }
 
 void run_command(const Command& command, Workbench& workbench, User user) {
+  const auto operation = [&] { command.run(workbench, user); };
+  run_operation(item_name(command.caption), operation, workbench, user);
+}
+
+void run_operation(const std::string& name, const std::function<void()>& operation,
+                   const Workbench& workbench, User user) {
   try {
-    command.run(workbench, user);
+    operation();
   } catch (const std::bad_alloc&) {
     show_error("Not enough memory; the command was ended.", workbench, user);
   } catch (const math_error& error) {
-    show_error("MathError in " + item_name(command.caption) + ":\n" + error.what(), workbench, user);
+    show_error("MathError in " + name + ":\n" + error.what(), workbench, user);
   } catch (const std::exception& error) {
     show_error(error.what(), workbench, user);
   }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -43,5 +44,8 @@ const Command* find_command(std::string_view menu, std::string_view item);
 /// Runs a command. The one place that catches what escapes from it: the error is shown, the program
 /// goes on.
 void run_command(const Command& command, Workbench& workbench, User user);
+/// The same for an operation that is no row of the table; math errors name it.
+void run_operation(const std::string& name, const std::function<void()>& operation,
+                   const Workbench& workbench, User user);
 
 }  // namespace kov

@@ -172,7 +172,6 @@ void Pages::page_chosen() { refresh(); }
 
 void Pages::algadd_changed() {
   algadd_.refill();
-  show_config_if_active();
   changed();
 }
 

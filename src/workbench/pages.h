@@ -24,8 +24,9 @@ namespace kov {
 /// The grids of all pages over one workbench, wired to each other: an edit in one of them redisplays what
 /// shows the same data, as do commands. The window shows them by widgets, kovbatch by lines of text.
 ///
-/// Only the page that is shown is kept up to date; any other computes what it shows when it is chosen. What
-/// a redisplay cannot do, for lack of memory say, is reported and the page shows what it did before.
+/// Only the page that is shown is kept up to date; any other computes what it shows when it is chosen. A
+/// redisplay for which memory does not suffice is reported, and nothing escapes from it: it also follows the
+/// errors of commands.
 class Pages : private Display {
  public:
   /// Both must outlive the pages, which are the workbench's display as long as they live.
@@ -81,7 +82,7 @@ class Pages : private Display {
   bool is_active(Page page) const { return workbench_.active_page == static_cast<int>(page); }
   void show_active_page();
   void show_sums1();
-  /// After commands that also set parameters.
+  /// After what may also have set a parameter.
   void show_config_if_active();
   /// A cell of the slice was stored, or the slice is another one.
   void slice_edited();

@@ -92,6 +92,15 @@ TEST(Options, HelpNamesEveryOption) {
   }
 }
 
+TEST(Options, HelpNamesEveryLineAndGrid) {
+  const std::string help = help_text();
+  for (const char* word : {"MENU/ITEM", "Set KEYWORD", "Check NAME", "Comment TEXT", "Print WHAT",
+                           "Cell GRID", "Key GRID", "Click GRID", "Break N", "Echo TEXT", "Slq,", "Sldim,",
+                           "Sllist,", "SlAlgadd,", "Slds1,", "Slsums1,", "Slsums2,", "Slconfig;"}) {
+    EXPECT_NE(help.find(word), std::string::npos) << word;
+  }
+}
+
 TEST(Options, VersionIsNumbers) {
   const std::string version = version_text();
   EXPECT_EQ(version.find("kovbatch "), 0U);

@@ -23,6 +23,9 @@ const UnknownLine empty_answer{"an empty answer is written \"\""};
 const UnknownLine set_form{"expected: Set KEYWORD VALUE"};
 const UnknownLine check_form{"expected: Check NAME on, or off"};
 const UnknownLine break_form{"expected: Break N, with N from 1 on"};
+const UnknownLine cell_form{"expected: Cell GRID COLUMN,ROW TEXT"};
+const UnknownLine key_form{"expected: Key GRID COLUMN,ROW KEY"};
+const UnknownLine click_form{"expected: Click GRID COLUMN,ROW left, or right, or double"};
 const UnknownLine print_form{"expected: Print WHAT, or Print WHAT > FILE"};
 
 // clang-format off
@@ -50,6 +53,35 @@ INSTANTIATE_TEST_SUITE_P(Command, ParseLine, testing::Values(
     LineCase{"File: x",                              no_such_line},
     LineCase{"print status",                         no_such_line},
     LineCase{"Printer",                              no_such_line}));
+
+INSTANTIATE_TEST_SUITE_P(Grids, ParseLine, testing::Values(
+    LineCase{"Cell Slq 3,2 1/2",                     CellLine{{"Slq", {3, 2}}, "1/2"}},
+    LineCase{"Cell  Slq \t 3,2   a  b",              CellLine{{"Slq", {3, 2}}, "  a  b"}},
+    LineCase{"Cell Slq 3,2",                         CellLine{{"Slq", {3, 2}}, ""}},
+    LineCase{"Cell nonsense -1,99 5",                CellLine{{"nonsense", {-1, 99}}, "5"}},
+    LineCase{"Cell",                                 cell_form},
+    LineCase{"Cell Slq",                             cell_form},
+    LineCase{"Cell Slq 3 2",                         cell_form},
+    LineCase{"Cell Slq 3, 2",                        cell_form},
+    LineCase{"Cell Slq 3,2,1 5",                     cell_form},
+    LineCase{"Cell Slq 3,x 5",                       cell_form},
+    LineCase{"Cell Slq 3,99999999999 5",             cell_form},
+    LineCase{"Key Slds1 1,3 A",                      KeyLine{{"Slds1", {1, 3}}, "A"}},
+    LineCase{"Key  Slds1  1,3  Ctrl+PageDown",       KeyLine{{"Slds1", {1, 3}}, "Ctrl+PageDown"}},
+    LineCase{"Key Slq 1,1 :",                        KeyLine{{"Slq", {1, 1}}, ":"}},
+    LineCase{"Key Slq 1,1 nonsense",                 KeyLine{{"Slq", {1, 1}}, "nonsense"}},
+    LineCase{"Key Slq 1,1",                          key_form},
+    LineCase{"Key Slq P",                            key_form},
+    LineCase{"Key Slq 1,1 P M",                      key_form},
+    LineCase{"Click Slq 1,1 left",                   ClickLine{{"Slq", {1, 1}}, GridClick::left, {}}},
+    LineCase{"Click Slq 1,1 double",                 ClickLine{{"Slq", {1, 1}}, GridClick::double_click, {}}},
+    LineCase{"Click Sllist 0,1 right: 5",            ClickLine{{"Sllist", {0, 1}}, GridClick::right, {"5"}}},
+    LineCase{"Click Sllist 0,1 right : 5 | \"\"",    ClickLine{{"Sllist", {0, 1}}, GridClick::right, {"5", ""}}},
+    LineCase{"Click Sllist 0,1 right: 5 |",          empty_answer},
+    LineCase{"Click Sllist 0,1 Right",               click_form},
+    LineCase{"Click Sllist 0,1",                     click_form},
+    LineCase{"Click Sllist right",                   click_form},
+    LineCase{"Click Sllist 0,1 right 5",             click_form}));
 
 INSTANTIATE_TEST_SUITE_P(Verbs, ParseLine, testing::Values(
     LineCase{"Set Slq_ColCount 30",                  SetLine{"Slq_ColCount", "30"}},

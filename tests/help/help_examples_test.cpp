@@ -39,14 +39,7 @@ std::string preformatted(const std::string& file, const std::string& first_words
   const std::string& source = help_pages().at(file).source;
   const std::size_t begin = source.find("<pre>" + first_words);
   if (begin == std::string::npos) return {};
-  std::string text = source.substr(begin + 5, source.find("</pre>", begin) - begin - 5);
-  for (const auto& [entity, character] :
-       {std::pair{"&lt;", "<"}, std::pair{"&gt;", ">"}, std::pair{"&amp;", "&"}}) {
-    for (std::size_t at = text.find(entity); at != std::string::npos; at = text.find(entity, at + 1)) {
-      text.replace(at, std::string_view(entity).size(), character);
-    }
-  }
-  return text;
+  return with_characters(source.substr(begin + 5, source.find("</pre>", begin) - begin - 5));
 }
 
 TEST(HelpExamples, WalkInThePlane) {
@@ -135,16 +128,34 @@ TEST(HelpExamples, DataFile) {
   EXPECT_EQ(session.output.substr(0, 11), "nlast = 100");
 }
 
+/// With fewer steps, which changes nothing in what the lines mean.
 TEST(HelpExamples, KovbatchScript) {
-  const std::string script = preformatted("kovbatch.html", "; a walk in the plane");
-  ASSERT_NE(script, "");
+  std::string script = preformatted("kovbatch.html", "; a walk in the plane");
+  const std::size_t steps = script.find("with del: 200\n");
+  ASSERT_NE(steps, std::string::npos);
+  script.replace(steps, 13, "with del: 20");
   Session session;
   std::filesystem::copy(KOV_SOURCE_DIR "/examples/walk2d.aa1", session.folder.path());
   session.run(script + "\n");
   EXPECT_EQ(session.status, 0);
-  EXPECT_TRUE(session.output.starts_with("nlast = 200 (7 110.576 KB = 40401e)\n"));
-  EXPECT_NE(page_text("overview.html").find("nlast = 200 (7 110.576 KB = 40401e)"), std::string::npos);
-  EXPECT_TRUE(std::filesystem::exists(session.folder.path() / "walk2d-200.aa1"));
+  EXPECT_TRUE(session.output.starts_with("nlast = 20 (77.616 KB = 441e)\n\t")) << session.output;
+  EXPECT_TRUE(std::filesystem::exists("walk2d-200.aa1"));
+}
+
+TEST(HelpExamples, KovbatchTable) {
+  const std::string script = preformatted("kovbatch.html", "Cell SlAlgadd");
+  ASSERT_NE(script, "");
+  Session session;
+  session.run(script + "\n");
+  EXPECT_EQ(session.status, 0);
+  const std::string row = text_of("row10.txt");
+  EXPECT_TRUE(row.starts_with("1\t1/1024\t0\t10\t-10\t0\t")) << row;
+  EXPECT_NE(row.find("\n6\t63/256\t0\t10\t0\t0\t"), std::string::npos) << row;
+}
+
+TEST(HelpExamples, StatusLine) {
+  const std::string printed = text_of(KOV_SOURCE_DIR "/examples/walk2d.out");
+  EXPECT_NE(page_text("overview.html").find(printed.substr(0, printed.find('\n'))), std::string::npos);
 }
 
 TEST(OwnAlgorithm, IsWhatThePageShows) {

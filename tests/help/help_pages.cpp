@@ -29,13 +29,6 @@ std::string replaced(std::string text, std::string_view what, std::string_view b
   return text;
 }
 
-std::string with_characters(std::string text) {
-  text = replaced(std::move(text), "&lt;", "<");
-  text = replaced(std::move(text), "&gt;", ">");
-  text = replaced(std::move(text), "&quot;", "\"");
-  return replaced(std::move(text), "&amp;", "&");
-}
-
 std::string read_text(const std::string& source) {
   static const std::regex tag("<[^>]*>");
   return with_single_blanks(with_characters(std::regex_replace(source, tag, "")));
@@ -63,6 +56,13 @@ std::vector<HelpPlace> places(const std::string& project, const std::string& ele
 }
 
 }  // namespace
+
+std::string with_characters(std::string text) {
+  text = replaced(std::move(text), "&lt;", "<");
+  text = replaced(std::move(text), "&gt;", ">");
+  text = replaced(std::move(text), "&quot;", "\"");
+  return replaced(std::move(text), "&amp;", "&");
+}
 
 std::string with_single_blanks(const std::string& text) {
   std::string result;

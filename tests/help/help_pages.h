@@ -36,6 +36,9 @@ struct HelpProject {
 
 const HelpProject& help_project();
 
+/// Entities as the characters that they stand for.
+std::string with_characters(std::string text);
+
 /// Runs of blanks as one blank, none at the ends.
 std::string with_single_blanks(const std::string& text);
 

@@ -28,7 +28,7 @@ TEST(InputDialogs, ShowCaptionPromptAndPreset) {
     auto* line = box.findChild<QLineEdit*>();
     EXPECT_EQ(line->text().toStdString(), "4");
     EXPECT_EQ(line->selectedText().toStdString(), "4");
-    EXPECT_TRUE(line->hasFocus());
+    EXPECT_EQ(box.focusWidget(), line);
     QTest::keyClicks(line, "7");
     QTest::keyClick(line, Qt::Key_Return);
   });

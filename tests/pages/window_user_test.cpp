@@ -193,18 +193,20 @@ TEST_F(WindowUserTest, NothingButBreakHearsKeysAndMouse) {
 TEST_F(WindowUserTest, ReactsOnlyOnceAtATime) {
   const ProgressBox box(user, 0, 10);
   wait_until_shown();
-  int depth = 0;
-  int deepest = 0;
-  QTimer timer;
-  QObject::connect(&timer, &QTimer::timeout, [&] {
-    deepest = std::max(deepest, ++depth);
+  bool reacting = false;
+  int fired = 0;
+  QTimer::singleShot(0, &window, [&] {
+    reacting = true;
+    QTimer::singleShot(0, &window, [&] {
+      EXPECT_FALSE(reacting);
+      ++fired;
+    });
     std::this_thread::sleep_for(milliseconds(30));
     user.breathe();
-    --depth;
+    reacting = false;
   });
-  timer.start(0);
   run(milliseconds(150));
-  EXPECT_EQ(deepest, 1);
+  EXPECT_EQ(fired, 1);
 }
 
 TEST_F(WindowUserTest, BreathingWithoutAnOperationDoesNothing) {

@@ -1,0 +1,219 @@
+#include "app/kovu1.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QFile>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QTabWidget>
+#include <QTimer>
+#include <QUrl>
+
+#include "app/chosen_file.h"
+#include "app/command_actions.h"
+#include "app/help_file.h"
+#include "app/main_menu.h"
+#include "app/recent_files.h"
+#include "app/status_panel.h"
+#include "widgets/help_window.h"
+#include "widgets/progress_group.h"
+#include "widgets/qt_text.h"
+#include "workbench/start_up.h"
+
+namespace kov {
+namespace {
+
+/// Topics of the help, in the order of the pages.
+constexpr std::array<const char*, 9> page_topics = {"lattices", "list",   "comment", "algadd", "sums1",
+                                                    "sums2",    "graph1", "graph2",  "config"};
+
+/// The one file that is dragged; empty for anything else.
+std::filesystem::path dragged_file(const QMimeData& data) {
+  const QList<QUrl> urls = data.urls();
+  if (urls.size() != 1 || !urls.front().isLocalFile()) return {};
+  return QFile::encodeName(urls.front().toLocalFile()).toStdString();
+}
+
+}  // namespace
+
+TF1::TF1(std::span<const std::filesystem::path> arguments)
+    : progress_group_(new ProgressGroup(this)),
+      user_(*this, *progress_group_),
+      workbench_(user_, facts_of(WindowPlace::initial(available_screens()))),
+      pages_(workbench_, user_.user()),
+      place_(*this, workbench_.document.cph, workbench_.window),
+      actions_(new CommandActions(
+          workbench_, user_, [this](const Command& command) { run(command); }, this)),
+      status_(new StatusPanel(workbench_.document.lmap)),
+      PaCo_(new QTabWidget) {
+  setAcceptDrops(true);
+  setStatusBar(status_);
+  make_ports();
+  make_pages();
+  make_menu();
+  start_up(workbench_, user_.user(), arguments);
+  made_ = true;
+  after_operation();
+}
+
+TF1::~TF1() {
+  // The pages still hold grids of pages_, and what these tell would meet a window that is half gone.
+  made_ = false;
+  pages_.set_changed({});
+  delete takeCentralWidget();
+}
+
+void TF1::make_ports() {
+  WindowUser::Hooks hooks;
+  hooks.caption = [this](const std::string&) { show_title(); };
+  hooks.lock = [this](bool on) { lock(on); };
+  hooks.time = [this](const std::optional<OperationTime>& time) { status_->show_time(time); };
+  user_.set_hooks(std::move(hooks));
+  pages_.set_changed([this] { follow(); });
+}
+
+QAction* TF1::own_action(const char* name, const char* caption, const std::function<void()>& triggered) {
+  auto* action = new QAction(tr(caption), this);
+  action->setObjectName(name);
+  connect(action, &QAction::triggered, this, triggered);
+  return action;
+}
+
+void TF1::make_menu() {
+  WindowItems own;
+  recent_files_ = new RecentFiles([this](const std::filesystem::path& path) { open_later(path); }, this);
+  own.recent_files = recent_files_;
+  own.help_contents = own_action("Help/Contents", "Contents", [this] {
+    const auto page = static_cast<std::size_t>(workbench_.active_page);
+    help().show_contents();
+    help().show_topic(page_topics[page]);
+  });
+  own.help_contents->setShortcut(Qt::Key_F1);
+  own.help_index = own_action("Help/Index", "Index", [this] { help().show_index(); });
+  own.help_search = own_action("Help/Search", "Search", [this] { help().show_search(); });
+  own.user_algorithms = own_action("Bar/US", "U&S", [this] { emit user_algorithms_wanted(); });
+  build_main_menu(*menuBar(), *actions_, own);
+}
+
+HelpWindow& TF1::help() {
+  if (!help_) help_ = std::make_unique<HelpWindow>(QFile::decodeName(help_file().c_str()));
+  return *help_;
+}
+
+void TF1::show_help_topic(const QString& topic) { help().show_topic(topic); }
+
+void TF1::run(const Command& command) {
+  if (running_ || locked_) return;
+  running_ = true;
+  pages_.leave_grids();
+  run_command(command, workbench_, user_.user());
+  running_ = false;
+  after_operation();
+  if (command.menu == "Algadd" || command.menu == "Sums1") focus_page();
+}
+
+void TF1::run_own(const std::string& name, const std::function<void()>& operation) {
+  if (running_ || locked_) return;
+  running_ = true;
+  pages_.leave_grids();
+  const auto shown = [&] {
+    operation();
+    workbench_.show_status(user_);
+  };
+  run_operation(name, shown, workbench_, user_.user());
+  running_ = false;
+  after_operation();
+}
+
+void TF1::open_file(const std::filesystem::path& path) {
+  if (running_ || locked_) return;
+  running_ = true;
+  pages_.leave_grids();
+  ChosenFile chosen(user_, path);
+  run_command(*find_command("File", "Open"), workbench_, {user_, chosen, user_});
+  running_ = false;
+  after_operation();
+}
+
+/// What is dropped or chosen is opened when the drag, or the menu, is over.
+void TF1::open_later(const std::filesystem::path& path) {
+  QTimer::singleShot(0, this, [this, path] { open_file(path); });
+}
+
+void TF1::after_operation() {
+  if (workbench_.exit_requested) return end_program();
+  if (workbench_.file.chosen) recent_files_->add(workbench_.file.path);
+  place_.follow_parameters();
+  follow();
+}
+
+void TF1::end_program() {
+  workbench_.exit_requested = true;
+  for (QWidget* window : QApplication::topLevelWidgets()) window->hide();
+  QCoreApplication::exit(0);
+}
+
+void TF1::lock(bool on) {
+  locked_ = on;
+  menuBar()->setEnabled(!on);
+  PaCo_->setEnabled(!on);
+  if (on) {
+    place_progress_group();
+    progress_group_->raise();
+  }
+  emit locked(on);
+  if (!on) follow();
+}
+
+/// Over the pages, whose layout stays as it is: an operation must not make them list or draw anew.
+void TF1::place_progress_group() {
+  const QSize size(PaCo_->width() * 3 / 5, progress_group_->sizeHint().height());
+  QRect place(QPoint(0, 0), size);
+  place.moveCenter(PaCo_->geometry().center());
+  place.moveBottom(PaCo_->geometry().bottom() - size.height() / 2);
+  progress_group_->setGeometry(place);
+}
+
+void TF1::show_title() {
+  const std::string& caption = user_.caption();
+  std::string title = caption;
+  if (workbench_.file.chosen) {
+    title += " - " + workbench_.file.name() + " - " + program_base_name;
+  } else if (!caption.starts_with(program_base_name)) {
+    title += std::string(" - ") + program_base_name;
+  }
+  setWindowTitle(to_qt(title));
+  status_->show_report(caption);
+}
+
+void TF1::closeEvent(QCloseEvent* event) {
+  event->accept();
+  end_program();
+}
+
+void TF1::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  if (!made_) return;
+  place_.record();
+  if (locked_) place_progress_group();
+}
+
+void TF1::moveEvent(QMoveEvent* event) {
+  QMainWindow::moveEvent(event);
+  if (made_) place_.record();
+}
+
+void TF1::dragEnterEvent(QDragEnterEvent* event) {
+  if (!dragged_file(*event->mimeData()).empty()) event->acceptProposedAction();
+}
+
+void TF1::dropEvent(QDropEvent* event) {
+  const std::filesystem::path path = dragged_file(*event->mimeData());
+  if (path.empty()) return;
+  event->acceptProposedAction();
+  open_later(path);
+}
+
+}  // namespace kov

@@ -1,0 +1,72 @@
+// The pages of the main window, and how they follow the workbench.
+#include <QLineEdit>
+#include <QTabWidget>
+
+#include "algadd/qt/algadd_tab.h"
+#include "app/command_actions.h"
+#include "app/kovu1.h"
+#include "app/status_panel.h"
+#include "config/qt/config_tab.h"
+#include "datafile/qt/comment_tab.h"
+#include "graphs/qt/graph_tab.h"
+#include "lattice/qt/lattices_tab.h"
+#include "lattice/qt/list_tab.h"
+#include "sums/qt/sums1_tab.h"
+#include "sums/qt/sums2_tab.h"
+
+namespace kov {
+
+void TF1::make_pages() {
+  PaCo_->setObjectName("PaCo");
+  PaCo_->setDocumentMode(true);
+  setCentralWidget(PaCo_);
+  add_page(new LatticesTab(pages_.sldim(), pages_.slq(), user_), "Lattices");
+  PaCo_->setTabToolTip(0, lattices_page_hint);
+  add_page(new ListTab(pages_.sllist(), user_), "List");
+  add_page(comment_tab_ = new CommentTab(workbench_.document.comment), "Comment");
+  add_page(algadd_tab_ = new AlgaddTab(pages_.algadd(), user_, actions_->of_menu("Algadd")), "Algadd");
+  const Sums1Tab::Models sums1{pages_.slds1(), pages_.slsums1(), workbench_.sums1,
+                               workbench_.range_is_destination};
+  add_page(sums1_tab_ = new Sums1Tab(sums1, user_, actions_->of_menu("Sums1")), "Sums1");
+  add_page(sums2_tab_ = new Sums2Tab(pages_.slsums2(), user_), "Sums2");
+  add_page(graph_tabs_[0] = new GraphTab("Graph1Label"), "Graph1");
+  add_page(graph_tabs_[1] = new GraphTab("Graph2Label"), "Graph2");
+  add_page(new ConfigTab(pages_.config(), user_), "Config");
+  // A file that is dropped on the editor of a cell is the window's, too.
+  for (QLineEdit* editor : PaCo_->findChildren<QLineEdit*>()) editor->setAcceptDrops(false);
+  connect(PaCo_, &QTabWidget::currentChanged, this, &TF1::choose_page);
+}
+
+void TF1::add_page(QWidget* page, const char* name) {
+  page->setObjectName(QString(name) + "Page");
+  PaCo_->addTab(page, name);
+}
+
+void TF1::choose_page(int index) {
+  if (!made_ || following_ || index < 0 || index == workbench_.active_page) return;
+  pages_.show(static_cast<Page>(index));
+}
+
+void TF1::focus_page() { PaCo_->currentWidget()->setFocus(); }
+
+void TF1::follow() {
+  if (!made_ || following_) return;
+  following_ = true;
+  if (PaCo_->currentIndex() != workbench_.active_page) {
+    const bool in_page = PaCo_->currentWidget()->isAncestorOf(focusWidget());
+    PaCo_->setCurrentIndex(workbench_.active_page);
+    if (in_page) focus_page();
+  }
+  comment_tab_->follow();
+  algadd_tab_->show_menu(workbench_.algadd_menu_open, pages_.label(Page::algadd));
+  sums1_tab_->follow();
+  sums2_tab_->follow();
+  graph_tabs_[0]->show_label(pages_.label(Page::graph1));
+  graph_tabs_[1]->show_label(pages_.label(Page::graph2));
+  actions_->refresh();
+  status_->refresh();
+  show_title();
+  following_ = false;
+}
+
+}  // namespace kov

@@ -1,0 +1,24 @@
+#pragma once
+
+class QAction;
+class QMenu;
+class QMenuBar;
+
+namespace kov {
+
+class CommandActions;
+
+/// Items of the menus that are the window's own and no rows of the command table.
+struct WindowItems {
+  QMenu* recent_files = nullptr;
+  QAction* help_contents = nullptr;
+  QAction* help_index = nullptr;
+  QAction* help_search = nullptr;
+  QAction* user_algorithms = nullptr;
+};
+
+/// The main menu: File, Util, Cmd, Mod, Alg and Help, then the items that stand in the bar itself. Opening
+/// a menu refreshes the actions.
+void build_main_menu(QMenuBar& bar, CommandActions& actions, const WindowItems& own);
+
+}  // namespace kov
