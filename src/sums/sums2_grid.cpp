@@ -20,7 +20,7 @@ struct RowContent {
 
 }  // namespace
 
-int Sums2Grid::column_count() const { return 1 + static_cast<int>(sums2_.sums().size()); }
+int Sums2Grid::column_count() const { return 1 + static_cast<int>(columns_.size()); }
 
 int Sums2Grid::row_count() const { return 1 + block_rows * static_cast<int>(Slsums2_n_count); }
 
@@ -30,7 +30,7 @@ void Sums2Grid::show() {
   numbers_ = NumberDisplay::read(cph_);
   const S2map& sums = sums2_.sums();
   for (auto column = sums.begin(); column != sums.end(); ++column) columns_.push_back(column);
-  check_column_count(1 + static_cast<int>(columns_.size()), column_count(), user_.messages);
+  check_column_count(column_count(), 1 + static_cast<int>(sums.size()), user_.messages);
   changed();
 }
 
