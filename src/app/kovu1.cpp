@@ -5,11 +5,13 @@
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QFile>
+#include <QFrame>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QTabWidget>
 #include <QTimer>
 #include <QUrl>
+#include <QVBoxLayout>
 
 #include "app/chosen_file.h"
 #include "app/command_actions.h"
@@ -39,7 +41,7 @@ std::filesystem::path dragged_file(const QMimeData& data) {
 }  // namespace
 
 TF1::TF1(std::span<const std::filesystem::path> arguments)
-    : progress_group_(new ProgressGroup(this)),
+    : progress_group_(new ProgressGroup),
       user_(*this, *progress_group_),
       workbench_(user_, facts_of(WindowPlace::initial(available_screens()))),
       pages_(workbench_, user_.user()),
@@ -47,7 +49,8 @@ TF1::TF1(std::span<const std::filesystem::path> arguments)
       actions_(new CommandActions(
           workbench_, user_, [this](const Command& command) { run(command); }, this)),
       status_(new StatusPanel(workbench_.document.lmap)),
-      PaCo_(new QTabWidget) {
+      PaCo_(new QTabWidget),
+      progress_panel_(make_progress_panel()) {
   setAcceptDrops(true);
   setStatusBar(status_);
   make_ports();
@@ -65,11 +68,21 @@ TF1::~TF1() {
   delete takeCentralWidget();
 }
 
+/// Lies over the pages, whose layout stays as it is: an operation must not make them list or draw anew.
+QFrame* TF1::make_progress_panel() {
+  auto* panel = new QFrame(this);
+  panel->setFrameStyle(QFrame::StyledPanel | QFrame::Raised);
+  panel->setAutoFillBackground(true);
+  (new QVBoxLayout(panel))->addWidget(progress_group_);
+  panel->hide();
+  return panel;
+}
+
 void TF1::make_ports() {
   WindowUser::Hooks hooks;
   hooks.caption = [this](const std::string&) { show_title(); };
   hooks.lock = [this](bool on) { lock(on); };
-  hooks.time = [this](const std::optional<OperationTime>& time) { status_->show_time(time); };
+  hooks.time = [this](const std::optional<OperationTime>& time) { show_time(time); };
   user_.set_hooks(std::move(hooks));
   pages_.set_changed([this] { follow(); });
 }
@@ -159,21 +172,23 @@ void TF1::lock(bool on) {
   locked_ = on;
   menuBar()->setEnabled(!on);
   PaCo_->setEnabled(!on);
-  if (on) {
-    place_progress_group();
-    progress_group_->raise();
-  }
+  progress_panel_->setVisible(on);
   emit locked(on);
   if (!on) follow();
 }
 
-/// Over the pages, whose layout stays as it is: an operation must not make them list or draw anew.
-void TF1::place_progress_group() {
-  const QSize size(PaCo_->width() * 3 / 5, progress_group_->sizeHint().height());
+void TF1::place_progress_panel() {
+  const QSize size(PaCo_->width() * 3 / 5, progress_panel_->sizeHint().height());
   QRect place(QPoint(0, 0), size);
   place.moveCenter(PaCo_->geometry().center());
-  place.moveBottom(PaCo_->geometry().bottom() - size.height() / 2);
-  progress_group_->setGeometry(place);
+  progress_panel_->setGeometry(place);
+  progress_panel_->raise();
+}
+
+/// The first time of an operation is told when its box has its size.
+void TF1::show_time(const std::optional<OperationTime>& time) {
+  if (time) place_progress_panel();
+  status_->show_time(time);
 }
 
 void TF1::show_title() {
@@ -197,7 +212,7 @@ void TF1::resizeEvent(QResizeEvent* event) {
   QMainWindow::resizeEvent(event);
   if (!made_) return;
   place_.record();
-  if (locked_) place_progress_group();
+  if (locked_) place_progress_panel();
 }
 
 void TF1::moveEvent(QMoveEvent* event) {

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 
@@ -16,6 +17,7 @@
 #include "workbench/workbench.h"
 
 class QAction;
+class QFrame;
 class QTabWidget;
 
 namespace kov {
@@ -42,6 +44,7 @@ class TF1 final : public QMainWindow {
   ~TF1() override;
 
   Workbench& workbench() { return workbench_; }
+  Pages& pages() { return pages_; }
   User user() { return user_.user(); }
 
   void run(const Command& command);
@@ -68,13 +71,15 @@ class TF1 final : public QMainWindow {
   void dropEvent(QDropEvent* event) override;
 
  private:
+  QFrame* make_progress_panel();
   void make_ports();
   void make_pages();
   void make_graph_pages();
   void add_page(QWidget* page, const char* name);
   void make_menu();
   QAction* own_action(const char* name, const char* caption, const std::function<void()>& triggered);
-  void place_progress_group();
+  void place_progress_panel();
+  void show_time(const std::optional<OperationTime>& time);
 
   void choose_page(int index);
   void lock(bool on);
@@ -95,6 +100,7 @@ class TF1 final : public QMainWindow {
   StatusPanel* status_;
   RecentFiles* recent_files_ = nullptr;
   QTabWidget* PaCo_;
+  QFrame* progress_panel_;
   CommentTab* comment_tab_ = nullptr;
   AlgaddTab* algadd_tab_ = nullptr;
   Sums1Tab* sums1_tab_ = nullptr;

@@ -65,6 +65,7 @@ void StatusPanel::show_report(const std::string& caption) {
 
 void StatusPanel::show_time(const std::optional<OperationTime>& time) {
   time_->setVisible(time.has_value());
+  for (QLabel* figure : {nlast_, points_, estimated_}) figure->setVisible(!time);
   if (time) time_->setText(to_qt(time_text(*time)));
 }
 

@@ -27,6 +27,7 @@ class StatusPanel final : public QStatusBar {
   /// What stands in the caption of the window; the status line of the store is left out, since its figures
   /// are here anyway.
   void show_report(const std::string& caption);
+  /// While an operation runs, its report has the room of the store's figures, which change with every point.
   void show_time(const std::optional<OperationTime>& time);
   /// The figures of the store as it is now.
   void refresh();

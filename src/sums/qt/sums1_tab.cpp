@@ -19,10 +19,10 @@ namespace {
 
 constexpr int buttons_in_a_row = 2;
 
-/// As wide as its columns, which are few and known.
+/// As wide as its columns, which are few and known; what is left is for the results.
 void fit_width(StringGrid& grid) {
   const int columns = grid.verticalHeader()->width() + grid.horizontalHeader()->length();
-  grid.setMaximumWidth(columns + grid.verticalScrollBar()->sizeHint().width() + 2 * grid.frameWidth());
+  grid.setFixedWidth(columns + grid.verticalScrollBar()->sizeHint().width() + 2 * grid.frameWidth());
 }
 
 }  // namespace
@@ -48,7 +48,7 @@ Sums1Tab::Sums1Tab(const Models& models, Messages& messages, const QList<QAction
   right->addWidget(make_menu(range_menu));
   right->addWidget(label_, 1);
   auto* layout = new QHBoxLayout(this);
-  layout->addWidget(Slds1_, 1);
+  layout->addWidget(Slds1_);
   layout->addLayout(right, 1);
   setFocusProxy(Slds1_);
   connect(Slds1_->horizontalHeader(), &QHeaderView::sectionResized, this, [this] { fit_width(*Slds1_); });
