@@ -117,6 +117,7 @@ Printer find_printer(std::string_view what, Workbench& workbench, Pages& pages, 
 
 std::vector<std::string_view> printer_names() {
   std::vector<std::string_view> names;
+  names.reserve(printers.size());
   for (const NamedPrinter& printer : printers) names.push_back(printer.what);
   return names;
 }
