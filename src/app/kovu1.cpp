@@ -59,6 +59,7 @@ TF1::TF1(std::span<const std::filesystem::path> arguments)
   start_up(workbench_, user_.user(), arguments);
   made_ = true;
   after_operation();
+  focus_page();
 }
 
 TF1::~TF1() {

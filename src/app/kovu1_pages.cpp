@@ -1,5 +1,6 @@
 // The pages of the main window, and how they follow the workbench.
 #include <QLineEdit>
+#include <QTabBar>
 #include <QTabWidget>
 
 #include "algadd/qt/algadd_tab.h"
@@ -19,6 +20,7 @@ namespace kov {
 void TF1::make_pages() {
   PaCo_->setObjectName("PaCo");
   PaCo_->setDocumentMode(true);
+  PaCo_->tabBar()->setFocusPolicy(Qt::TabFocus);
   setCentralWidget(PaCo_);
   add_page(new LatticesTab(pages_.sldim(), pages_.slq(), user_), "Lattices");
   PaCo_->setTabToolTip(0, lattices_page_hint);
@@ -45,6 +47,8 @@ void TF1::add_page(QWidget* page, const char* name) {
 void TF1::choose_page(int index) {
   if (!made_ || following_ || index < 0 || index == workbench_.active_page) return;
   pages_.show(static_cast<Page>(index));
+  // Who goes through the tabs by keys goes on there; for the mouse, keys are the page's from now on.
+  if (!PaCo_->tabBar()->hasFocus()) focus_page();
 }
 
 void TF1::focus_page() { PaCo_->currentWidget()->setFocus(); }
@@ -53,9 +57,8 @@ void TF1::follow() {
   if (!made_ || following_) return;
   following_ = true;
   if (PaCo_->currentIndex() != workbench_.active_page) {
-    const bool in_page = PaCo_->currentWidget()->isAncestorOf(focusWidget());
     PaCo_->setCurrentIndex(workbench_.active_page);
-    if (in_page) focus_page();
+    focus_page();
   }
   comment_tab_->follow();
   algadd_tab_->show_menu(workbench_.algadd_menu_open, pages_.label(Page::algadd));
