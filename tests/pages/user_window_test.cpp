@@ -110,5 +110,16 @@ TEST_F(UserWindow, AnOperationOfOnesOwnIsRunLikeACommand) {
   EXPECT_EQ(message.text, "no such thing");
 }
 
+TEST_F(UserWindow, WhatEscapesFromAnEventIsShownAndTheWindowGoesOn) {
+  open();
+  CloseMessage message;
+  bool after = false;
+  QTimer::singleShot(0, [] { throw std::runtime_error("lost on the way"); });
+  QTimer::singleShot(50, [&after] { after = true; });
+  EXPECT_TRUE(QTest::qWaitFor([&after] { return after; }, 5000));
+  EXPECT_EQ(message.text, "lost on the way");
+  EXPECT_TRUE(window->isVisible());
+}
+
 }  // namespace
 }  // namespace kov
