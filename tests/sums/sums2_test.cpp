@@ -197,7 +197,7 @@ TEST_F(Sums2Test, FailuresByKind) {
   const Case cases[] = {
       {[] { throw floating_overflow("too large"); },   " MathError during creating Sums2: \ntoo large"},
       {[] { throw math_error("not a number"); },       " MathError during creating Sums2: \nnot a number"},
-      {[] { throw ratyp_error("ratyp error: de=0"); }, " MathError during creating Sums2: \nratyp error: de=0"},
+      {[] { throw ratyp_error(); }, " MathError during creating Sums2: \nratyp error: de=0"},
       {[] { throw program_error("no sum"); },          "Error when creating Sums2"},
       {[] { throw std::bad_alloc(); },                 "Error when creating Sums2"},
   };
