@@ -94,14 +94,20 @@ TEST(Print, CommentOfManyLines) {
   workbench.document.comment = comment;
   std::string text;
   StringOutput output(text);
-  find_printer("comment")(workbench, person.user(), output);
+  Pages pages(workbench, person.user());
+  find_printer("comment", workbench, pages, person.user())(output);
   EXPECT_EQ(text, expected);
 }
 
 TEST(Print, EveryNameIsFound) {
+  ScriptedUser person([](const std::string&) {});
+  Workbench workbench(person, WindowFacts{});
+  Pages pages(workbench, person.user());
   const auto names = printer_names();
   EXPECT_EQ(names.front(), "status");
-  for (const std::string_view name : names) EXPECT_NE(find_printer(name), nullptr) << name;
+  for (const std::string_view name : names) {
+    EXPECT_TRUE(find_printer(name, workbench, pages, person.user())) << name;
+  }
 }
 
 TEST(Print, OtherWordsAreUnknown) {
