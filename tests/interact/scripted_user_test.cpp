@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <cstdlib>
 #include <fstream>
 
+#include "support/temporary_folder.h"
 #include "text/integers.h"
 
 namespace kov {
@@ -158,20 +158,11 @@ TEST_F(ScriptedUserTest, CancelsAnInputDialogWithoutAnAnswerEvenIfQuestionsAreAn
 
 class ScriptedUserFiles : public ScriptedUserTest {
  protected:
-  std::filesystem::path before = std::filesystem::current_path();
-  std::filesystem::path folder;
+  ScriptedUserFiles() { std::filesystem::create_directory(folder / "sub"); }
 
-  void SetUp() override {
-    std::string name = (std::filesystem::temp_directory_path() / "kov-user-XXXXXX").string();
-    ASSERT_NE(mkdtemp(name.data()), nullptr);
-    folder = std::filesystem::canonical(name);
-    std::filesystem::create_directory(folder / "sub");
-    std::filesystem::current_path(folder);
-  }
-  void TearDown() override {
-    std::filesystem::current_path(before);
-    std::filesystem::remove_all(folder);
-  }
+  TemporaryFolder temporary;
+  /// As the current directory is named, links resolved.
+  std::filesystem::path folder = std::filesystem::current_path();
 };
 
 TEST_F(ScriptedUserFiles, ChoosesAFileOfTheCurrentDirectory) {
