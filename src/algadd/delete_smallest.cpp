@@ -15,7 +15,7 @@ namespace kov {
 namespace {
 
 constexpr std::size_t points_per_display = 10'000;
-constexpr std::size_t points_per_breath = 1024;
+constexpr std::size_t entries_per_breath = 1024;
 
 /// The size of a point, its squared modulus, as a number that orders alike.
 using Size = std::uint64_t;
@@ -34,7 +34,7 @@ class Pass {
       : progress_(progress), heading_(std::move(heading)), total_(total) {}
 
   void done(std::size_t k) const {
-    if (k % points_per_breath == 0) progress_.breathe();
+    if (k % entries_per_breath == 0) progress_.breathe();
     if (heading_.empty() || k % points_per_display != 0) return;
     const auto position = static_cast<std::int64_t>(k);
     progress_.headline(heading_ + int_text(position) + " of " + int_text(static_cast<std::int64_t>(total_)));

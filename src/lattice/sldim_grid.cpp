@@ -11,7 +11,7 @@
 namespace kov {
 namespace {
 
-constexpr std::string_view typed_characters = "1234567890+-\t\b";
+constexpr std::string_view size_characters = "1234567890+-\t\b";
 
 std::optional<std::int32_t> offset_from_text(std::string_view text) { return parse_int32(trimmed(text)); }
 
@@ -51,7 +51,7 @@ std::string SldimGrid::hint(GridCell cell) const {
 }
 
 bool SldimGrid::key(const GridKey& key) {
-  if (passes_to_editor(key, typed_characters)) return false;
+  if (passes_to_editor(key, size_characters)) return false;
   const int delta = step_of(key);
   const char letter = upper_character(key);
   if (letter == 'X') {

@@ -16,7 +16,7 @@ constexpr int fewest_columns_or_rows = 2;
 constexpr int most_columns = 1000;
 constexpr int most_rows = 2000;
 
-constexpr std::string_view typed_characters = "1234567890/I+-E.\t\b";
+constexpr std::string_view quantity_characters = "1234567890/I+-E.\t\b";
 
 std::int32_t coordinate(const Lk& key, int position) { return key.coo[static_cast<std::size_t>(position)]; }
 
@@ -80,7 +80,7 @@ std::string SlqGrid::hint(GridCell cell) const {
 }
 
 bool SlqGrid::key(const GridKey& key) {
-  if (passes_to_editor(key, typed_characters)) return false;
+  if (passes_to_editor(key, quantity_characters)) return false;
   const int delta = step_of(key);
   const bool in_slice = editable(selected());
   if (key.name != GridKey::Name::enter && (delta == 0 || !in_slice)) messages_.beep();

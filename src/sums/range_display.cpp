@@ -8,7 +8,8 @@
 namespace kov {
 namespace {
 
-constexpr std::array<const char*, Slds1_columns> headings = {": R->", "Min 1", "Max 1", "Min 2", "Max 2"};
+constexpr std::array<const char*, Slds1_columns> range_headings = {": R->", "Min 1", "Max 1", "Min 2",
+                                                                   "Max 2"};
 
 // The room that a mark of Range 1 takes, so that the marks of Range 2 stand below one another.
 constexpr const char* mark_room = "      ";
@@ -45,7 +46,7 @@ int Slds1_column(const BoundPlace& place) {
 
 std::string Slds1_text(const RangeTables& tables, int column, int row) {
   if (row == 0) {
-    const std::string heading = headings[static_cast<std::size_t>(column)];
+    const std::string heading = range_headings[static_cast<std::size_t>(column)];
     return column == 0 ? int_text(tables.current_index()) + heading : heading;
   }
   const RangeTable& table = tables.current_table();

@@ -9,11 +9,11 @@ namespace {
 constexpr int block_rows = static_cast<int>(sum_quantity_count);
 
 /// Which block and which quantity a row shows.
-struct RowContent {
+struct BlockRow {
   std::size_t block;
   std::size_t quantity;
 
-  explicit RowContent(int row)
+  explicit BlockRow(int row)
       : block(static_cast<std::size_t>((row - 1) / block_rows)),
         quantity(static_cast<std::size_t>((row - 1) % block_rows)) {}
 };
@@ -43,7 +43,7 @@ std::string Sums2Grid::text(GridCell cell) const {
 
 /// Empty for the steps that are chosen only when the store has points.
 std::string Sums2Grid::row_label(int row) const {
-  const RowContent content(row);
+  const BlockRow content(row);
   const std::string quantity = sum_quantity_names[content.quantity];
   if (content.block == 0) return "all n: " + quantity;
   if (!sums2_.created()) return "";
@@ -51,7 +51,7 @@ std::string Sums2Grid::row_label(int row) const {
 }
 
 std::string Sums2Grid::result(GridCell cell) const {
-  const RowContent content(cell.row);
+  const BlockRow content(cell.row);
   const auto column = columns_[static_cast<std::size_t>(cell.column - 1)];
   const CountSums2_to_l::Block& block = column->second.block[content.block];
   return content.quantity == sum_cnt ? int_text(block.count) : numbers_.text(block.sum[content.quantity - 1]);

@@ -97,7 +97,7 @@ void start_tracking(Workbench& workbench, User user) {
 }
 
 // clang-format off
-constexpr std::array<Command, 10> rows{{
+constexpr std::array<Command, 10> alg_rows{{
     {"Alg", "Start Algadd 0",                 "",       start_table<0>,            table_filled<0>},
     {"Alg", "Start Algadd 1",                 "",       start_table<1>,            table_filled<1>},
     {"Alg", "Start Algadd 2",                 "",       start_table<2>,            table_filled<2>},
@@ -113,6 +113,6 @@ constexpr std::array<Command, 10> rows{{
 
 }  // namespace
 
-std::span<const Command> alg_commands() { return rows; }
+std::span<const Command> alg_commands() { return alg_rows; }
 
 }  // namespace kov

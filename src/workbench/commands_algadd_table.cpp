@@ -90,7 +90,7 @@ void then_refill(Workbench& workbench, User user) {
 }
 
 // clang-format off
-constexpr std::array<Command, 17> rows{{
+constexpr std::array<Command, 17> algadd_table_rows{{
     {"Algadd", "CopyTable",          "", then_refill<copy_table>},
     {"Algadd", "EraseTable",         "", then_refill<erase_table>},
     {"Algadd", "MultiplyAll_p",      "", then_refill<ask_c_and_do<multiply_all_dialog, multiply_all_p>>},
@@ -113,6 +113,6 @@ constexpr std::array<Command, 17> rows{{
 
 }  // namespace
 
-std::span<const Command> algadd_table_commands() { return rows; }
+std::span<const Command> algadd_table_commands() { return algadd_table_rows; }
 
 }  // namespace kov

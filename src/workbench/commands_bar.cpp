@@ -19,7 +19,7 @@ std::string sums1_table_caption(const Workbench& workbench) {
 void show_uniform_file(Workbench&, User user) { user.messages.information(uniform_file_report()); }
 
 // clang-format off
-constexpr std::array<Command, 3> rows{{
+constexpr std::array<Command, 3> bar_rows{{
     {"Bar", "AA:", "", choose_algadd_table, nullptr, algadd_table_caption},
     {"Bar", "S1:", "", choose_sums1_table,  nullptr, sums1_table_caption},
     {"Bar", "C",   "", show_uniform_file},
@@ -28,6 +28,6 @@ constexpr std::array<Command, 3> rows{{
 
 }  // namespace
 
-std::span<const Command> bar_commands() { return rows; }
+std::span<const Command> bar_commands() { return bar_rows; }
 
 }  // namespace kov

@@ -197,7 +197,7 @@ void choose_first(Workbench& workbench, User user) {
 }
 
 // clang-format off
-constexpr std::array<Command, 17> rows{{
+constexpr std::array<Command, 17> cmd_rows{{
     {"Cmd", "Move All",              "",       move_all},
     {"Cmd", "Move Part",             "",       move_part},
     {"Cmd", "Copy Part",             "",       copy_part},
@@ -220,6 +220,6 @@ constexpr std::array<Command, 17> rows{{
 
 }  // namespace
 
-std::span<const Command> cmd_commands() { return rows; }
+std::span<const Command> cmd_commands() { return cmd_rows; }
 
 }  // namespace kov

@@ -123,7 +123,7 @@ std::string warning_level_item(const Workbench& workbench) {
 void exit_program(Workbench& workbench, User) { workbench.exit_requested = true; }
 
 // clang-format off
-constexpr std::array<Command, 13> rows{{
+constexpr std::array<Command, 13> file_rows{{
     {"File", "&Open",            "Ctrl+O",       open},
     {"File", "Read again",       "Ctrl+R",       read_again},
     {"File", "Read indiv.",      "Ctrl+I",       read_individual},
@@ -142,6 +142,6 @@ constexpr std::array<Command, 13> rows{{
 
 }  // namespace
 
-std::span<const Command> file_commands() { return rows; }
+std::span<const Command> file_commands() { return file_rows; }
 
 }  // namespace kov

@@ -21,13 +21,13 @@ void show_state(Workbench& workbench, User user) {
   user.messages.information(allocatable_text(allocatable_megabytes()));
 }
 
-constexpr std::array<Command, 2> rows{{
+constexpr std::array<Command, 2> help_rows{{
     {"Help", "Info", "", show_info},
     {"Help", "State", "", show_state},
 }};
 
 }  // namespace
 
-std::span<const Command> help_commands() { return rows; }
+std::span<const Command> help_commands() { return help_rows; }
 
 }  // namespace kov

@@ -44,7 +44,7 @@ void invert(Workbench& workbench, User user) {
 }
 
 // clang-format off
-constexpr std::array<Command, 6> rows{{
+constexpr std::array<Command, 6> mod_rows{{
     {"Mod", "Init n=0 with 1",    "", init<StartPattern::one>},
     {"Mod", "Init n=0 with 1_1",  "", init<StartPattern::one_one>},
     {"Mod", "Init For Test",      "", init<StartPattern::test_block>},
@@ -56,6 +56,6 @@ constexpr std::array<Command, 6> rows{{
 
 }  // namespace
 
-std::span<const Command> mod_commands() { return rows; }
+std::span<const Command> mod_commands() { return mod_rows; }
 
 }  // namespace kov

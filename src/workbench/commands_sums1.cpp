@@ -39,7 +39,7 @@ std::string choose_table_caption(const Workbench& workbench) {
   return choose_range_table_button(workbench.document.ranges);
 }
 
-void copy_table(Workbench& workbench, User user) {
+void ask_and_copy_range_table(Workbench& workbench, User user) {
   Document& document = workbench.document;
   const auto to =
       ask_integer(user.questions, copy_range_table_caption, copy_range_table_prompt(document.ranges),
@@ -49,10 +49,10 @@ void copy_table(Workbench& workbench, User user) {
   workbench.display().ranges_changed();
 }
 
-void close_menu(Workbench& workbench, User user) { workbench.sums1.close_menu(user); }
+void close_range_menu(Workbench& workbench, User user) { workbench.sums1.close_menu(user); }
 
 // clang-format off
-constexpr std::array<Command, 12> rows{{
+constexpr std::array<Command, 12> sums1_rows{{
     {"Sums1", "Set full Range  (-...+)",    "", change_bounds<set_full_range>},
     {"Sums1", "Copy Min to Max",            "", change_bounds<copy_min_to_max>},
     {"Sums1", "Copy Max to Min",            "", change_bounds<copy_max_to_min>},
@@ -63,13 +63,13 @@ constexpr std::array<Command, 12> rows{{
     {"Sums1", "Exchange Ranges",            "", change_table<exchange_ranges>},
     {"Sums1", "Set Table to Default",       "", change_table<set_to_default>},
     {"Sums1", "Change Table Number ",       "", choose_sums1_table, nullptr, choose_table_caption},
-    {"Sums1", "Copy Table",                 "", copy_table},
-    {"Sums1", "Close",                      "", close_menu},
+    {"Sums1", "Copy Table",                 "", ask_and_copy_range_table},
+    {"Sums1", "Close",                      "", close_range_menu},
 }};
 // clang-format on
 
 }  // namespace
 
-std::span<const Command> sums1_commands() { return rows; }
+std::span<const Command> sums1_commands() { return sums1_rows; }
 
 }  // namespace kov

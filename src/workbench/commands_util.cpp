@@ -13,12 +13,12 @@ void choose_page(Workbench& workbench, User user) {
   if (page) workbench.show_page(static_cast<Page>(*page));
 }
 
-constexpr std::array<Command, 1> rows{{
+constexpr std::array<Command, 1> util_rows{{
     {"Util", "ActPage", "Ctrl+Y", choose_page},
 }};
 
 }  // namespace
 
-std::span<const Command> util_commands() { return rows; }
+std::span<const Command> util_commands() { return util_rows; }
 
 }  // namespace kov

@@ -10,7 +10,7 @@
 namespace kov {
 namespace {
 
-constexpr const char* zeros =
+constexpr const char* tabbed_zeros =
     "\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0";
 
 TEST(Print, StatusAndCaption) {
@@ -24,7 +24,8 @@ TEST(Print, StatusAndCaption) {
 TEST(Print, LatticeInTheColumnsOfTheListPage) {
   Session session;
   session.run("Mod/Init n=0 with 1_1\nCmd/Move All: -3\nPrint lattice");
-  EXPECT_EQ(session.output, std::string("1\t1\t0\t-3\t0") + zeros + "\n2\t1\t1\t-3\t0" + zeros + "\n");
+  EXPECT_EQ(session.output,
+            std::string("1\t1\t0\t-3\t0") + tabbed_zeros + "\n2\t1\t1\t-3\t0" + tabbed_zeros + "\n");
   EXPECT_EQ(std::count(session.output.begin(), session.output.end(), '\t'), 2 * 33);
 }
 

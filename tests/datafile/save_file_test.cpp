@@ -19,7 +19,7 @@ void put_points(Document& document, bool above) {
   for (int k = 0; k < count; ++k) document.lmap.set(Lk::at(0, 0, k), cotyp(1));
 }
 
-const std::string question =
+const std::string memory_question =
     "question: The lattices need 100.144 KB of memory.\n"
     "  Modification of lattice (e.g. choose last)\n"
     "  may be recommendable before saving.\n"
@@ -38,7 +38,7 @@ TEST(SaveDataFile, AsksAboveTheLimitAndSavesOnYes) {
   put_points(desk.document, true);
   desk.scripted.set_answers({"yes"});
   EXPECT_TRUE(save_data_file("a.aa1", desk.document, desk.scripted.user()));
-  EXPECT_EQ(desk.reports, Reports{question + "yes"});
+  EXPECT_EQ(desk.reports, Reports{memory_question + "yes"});
   EXPECT_NE(text_of("a.aa1").find("e_lpd 569 "), std::string::npos);
 }
 
@@ -47,7 +47,7 @@ TEST(SaveDataFile, WritesNothingOnNo) {
   put_points(desk.document, true);
   desk.scripted.set_answers({"no"});
   EXPECT_FALSE(save_data_file("a.aa1", desk.document, desk.scripted.user()));
-  EXPECT_EQ(desk.reports, Reports{question + "no"});
+  EXPECT_EQ(desk.reports, Reports{memory_question + "no"});
   EXPECT_EQ(desk.folder.names(), Reports{});
 }
 

@@ -12,6 +12,7 @@
 #include <QtTest>
 
 #include "pages/fake_grid.h"
+#include "pages/print_cell.h"
 #include "support/recording_messages.h"
 #include "widgets/string_grid.h"
 
@@ -68,7 +69,5 @@ class GridDesk : public ::testing::Test {
   }
   static std::string clipboard() { return QApplication::clipboard()->text().toStdString(); }
 };
-
-inline void PrintTo(const GridCell& cell, std::ostream* out) { *out << cell.column << "," << cell.row; }
 
 }  // namespace kov

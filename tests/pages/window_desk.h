@@ -19,6 +19,7 @@
 
 #include "app/kovu1.h"
 #include "pages/modal.h"
+#include "pages/print_cell.h"
 #include "widgets/input_box.h"
 #include "widgets/string_grid.h"
 
@@ -151,7 +152,5 @@ class CloseMessage : public OnModal<QMessageBox> {
 
   std::string text;
 };
-
-inline void PrintTo(const GridCell& cell, std::ostream* out) { *out << cell.column << "," << cell.row; }
 
 }  // namespace kov

@@ -57,7 +57,7 @@ class Sums1Test : public ::testing::Test {
   Sums1 sums1;
 };
 
-constexpr const char* invitation = " Double clíck on table \n or close this menu \n to sum up ";
+constexpr const char* sum_up_invitation = " Double clíck on table \n or close this menu \n to sum up ";
 
 TEST_F(Sums1Test, ShowsNothingAtFirst) {
   EXPECT_EQ(sums1.label(), "");
@@ -71,7 +71,7 @@ TEST_F(Sums1Test, DisplaysTheSumsOfTheTable) {
   lmap.set(Lk::at(0, 0, 1), cotyp(1, 3, 0, 1));
   lmap.set(Lk::at(0, 1, 1), cotyp(2));
   EXPECT_EQ(sum_up(), SumOutcome::displayed);
-  EXPECT_EQ(sums1.label(), invitation);
+  EXPECT_EQ(sums1.label(), sum_up_invitation);
   // clang-format off
   const char* const expected[][3] = {
       {"1",         "0", "2"},
@@ -145,7 +145,7 @@ TEST_F(Sums1Test, BreakDisplaysNothing) {
   progress.break_at = 2;
   EXPECT_EQ(sum_up(), SumOutcome::broken);
   EXPECT_EQ(all_results(), "");
-  EXPECT_EQ(sums1.label(), invitation);
+  EXPECT_EQ(sums1.label(), sum_up_invitation);
   EXPECT_TRUE(messages.shown.empty());
   EXPECT_EQ(sum_up(), SumOutcome::displayed);
   EXPECT_NE(all_results(), "");
