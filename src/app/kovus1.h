@@ -32,6 +32,7 @@ class TUF1 final : public QMainWindow {
   class WarningLevel {
    public:
     explicit WarningLevel(const Messages& messages) : messages_(messages) {}
+    // NOLINTNEXTLINE(google-explicit-constructor): an algorithm writes "if (wl > 2)".
     operator int() const { return messages_.wl(); }
 
    private:

@@ -31,7 +31,7 @@ HelpCollection::HelpCollection(const QString& help_file)
 }
 
 QString HelpCollection::folder() {
-  const QString cache = QStandardPaths::writableLocation(QStandardPaths::CacheLocation);
+  QString cache = QStandardPaths::writableLocation(QStandardPaths::CacheLocation);
   if (!cache.isEmpty() && QDir().mkpath(cache) && QFileInfo(cache).isWritable()) return cache;
   temporary_ = std::make_unique<QTemporaryDir>();
   return temporary_->path();

@@ -90,7 +90,7 @@ QWidget* HelpWindow::reading_side() {
 QWidget* HelpWindow::contents_view() {
   QHelpContentWidget* const contents = collection_.engine().contentWidget();
   connect(contents, &QHelpContentWidget::linkActivated, this, &HelpWindow::open_page);
-  connect(contents, &QHelpContentWidget::clicked, this, [this, contents](const QModelIndex& index) {
+  connect(contents, &QHelpContentWidget::clicked, this, [this](const QModelIndex& index) {
     if (const QHelpContentItem* const item = collection_.engine().contentModel()->contentItemAt(index))
       open_page(item->url());
   });
