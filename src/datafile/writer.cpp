@@ -55,9 +55,11 @@ bool write_data_file(const std::filesystem::path& path, const Document& document
   const FileHead head{path.filename().string(), date_time_text(std::time(nullptr)), lattices};
   ReplacementFile file(path);
   TextBuffer out([&file](std::string_view block) { file.write(block); });
-  std::optional<SaveProgress> saving;
-  if (lattices == WithLattices::yes) saving.emplace(document, head.file_name, progress);
-  const AfterPoint after_point = [&saving](std::int64_t points) { return saving->after_point(points); };
+  std::optional<SaveProgress> save_progress;
+  if (lattices == WithLattices::yes) save_progress.emplace(document, head.file_name, progress);
+  const AfterPoint after_point = [&save_progress](std::int64_t points) {
+    return save_progress->after_point(points);
+  };
   if (!put_data_file(out, document, head, after_point)) return false;
   out.flush();
   file.commit();
