@@ -25,7 +25,11 @@ StringGrid::StringGrid(GridModel& model, Messages& messages, QWidget* parent)
   follow();
 }
 
-StringGrid::~StringGrid() { model_.set_changed({}); }
+StringGrid::~StringGrid() {
+  // A widget that goes away loses the focus, at a time when it is no grid any more.
+  disconnect(qApp, nullptr, this, nullptr);
+  model_.set_changed({});
+}
 
 void StringGrid::set_up_table() {
   setEditTriggers(NoEditTriggers);
