@@ -1,10 +1,12 @@
 #include "app/application.h"
 
+#include <QIcon>
 #include <QMessageBox>
 #include <clocale>
 #include <exception>
 #include <new>
 
+#include "widgets/scoped_flag.h"
 #include "workbench/start_up.h"
 
 namespace kov {
@@ -15,6 +17,7 @@ Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
   setOrganizationName(program_base_name);
   setApplicationName(program_base_name);
   setDesktopFileName(program_base_name);
+  setWindowIcon(QIcon(":/kov.svg"));
 }
 
 bool Application::notify(QObject* receiver, QEvent* event) {
@@ -26,12 +29,10 @@ bool Application::notify(QObject* receiver, QEvent* event) {
   } catch (const std::exception& error) {
     what = QString::fromUtf8(error.what());
   }
-  if (!reporting_) {
-    reporting_ = true;
-    beep();
-    QMessageBox::critical(activeWindow(), program_base_name, what);
-    reporting_ = false;
-  }
+  if (reporting_) return true;
+  const ScopedFlag reporting(reporting_);
+  beep();
+  QMessageBox::critical(activeWindow(), program_base_name, what);
   return true;
 }
 

@@ -22,6 +22,7 @@
 #include "widgets/help_window.h"
 #include "widgets/progress_group.h"
 #include "widgets/qt_text.h"
+#include "widgets/scoped_flag.h"
 #include "workbench/start_up.h"
 
 namespace kov {
@@ -101,7 +102,6 @@ void TF1::make_menu() {
   own.recent_files = recent_files_;
   own.help_contents = own_action("Help/Contents", "Contents", [this] {
     const auto page = static_cast<std::size_t>(workbench_.active_page);
-    help().show_contents();
     help().show_topic(page_topics[page]);
   });
   own.help_contents->setShortcut(Qt::Key_F1);
@@ -118,37 +118,35 @@ HelpWindow& TF1::help() {
 
 void TF1::show_help_topic(const QString& topic) { help().show_topic(topic); }
 
-void TF1::run(const Command& command) {
+void TF1::operate(const std::string& name, const std::function<void()>& operation) {
   if (running_ || locked_) return;
-  running_ = true;
-  pages_.leave_grids();
-  run_command(command, workbench_, user_.user());
-  running_ = false;
+  {
+    const ScopedFlag running(running_);
+    const auto body = [&] {
+      pages_.leave_grids();
+      operation();
+    };
+    run_operation(name, body, workbench_, user_.user());
+  }
   after_operation();
+}
+
+void TF1::run(const Command& command) {
+  operate(item_name(command.caption), [&] { command.run(workbench_, user_.user()); });
   if (command.menu == "Algadd" || command.menu == "Sums1") focus_page();
 }
 
 void TF1::run_own(const std::string& name, const std::function<void()>& operation) {
-  if (running_ || locked_) return;
-  running_ = true;
-  pages_.leave_grids();
-  const auto shown = [&] {
+  operate(name, [&] {
     operation();
     workbench_.show_status(user_);
-  };
-  run_operation(name, shown, workbench_, user_.user());
-  running_ = false;
-  after_operation();
+  });
 }
 
 void TF1::open_file(const std::filesystem::path& path) {
-  if (running_ || locked_) return;
-  running_ = true;
-  pages_.leave_grids();
   ChosenFile chosen(user_, path);
-  run_command(*find_command("File", "Open"), workbench_, {user_, chosen, user_});
-  running_ = false;
-  after_operation();
+  const Command& open = *find_command("File", "Open");
+  operate(item_name(open.caption), [&] { open.run(workbench_, {user_, chosen, user_}); });
 }
 
 /// What is dropped or chosen is opened when the drag, or the menu, is over.
@@ -201,7 +199,14 @@ void TF1::show_title() {
     title += std::string(" - ") + program_base_name;
   }
   setWindowTitle(to_qt(title));
-  status_->show_report(caption);
+  status_->show_report(report());
+}
+
+/// What an operation has reported is in the past when its box is closed: the caption keeps it until something
+/// else stands there, the status bar does not.
+std::string TF1::report() const {
+  const bool is_current = user_.is_open() || user_.caption().starts_with(program_base_name);
+  return is_current ? user_.caption() : std::string();
 }
 
 void TF1::closeEvent(QCloseEvent* event) {

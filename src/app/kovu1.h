@@ -81,6 +81,9 @@ class TF1 final : public QMainWindow {
   void place_progress_panel();
   void show_time(const std::optional<OperationTime>& time);
 
+  /// Runs an operation unless one is under way: edits under way are taken first, what escapes is shown, and
+  /// the window follows.
+  void operate(const std::string& name, const std::function<void()>& operation);
   void choose_page(int index);
   void lock(bool on);
   /// Everything around the grids shows what the workbench holds now.
@@ -88,6 +91,7 @@ class TF1 final : public QMainWindow {
   void after_operation();
   void focus_page();
   void show_title();
+  std::string report() const;
   void open_later(const std::filesystem::path& path);
   HelpWindow& help();
 

@@ -14,6 +14,7 @@
 #include "lattice/qt/list_tab.h"
 #include "sums/qt/sums1_tab.h"
 #include "sums/qt/sums2_tab.h"
+#include "widgets/scoped_flag.h"
 
 namespace kov {
 
@@ -55,7 +56,7 @@ void TF1::focus_page() { PaCo_->currentWidget()->setFocus(); }
 
 void TF1::follow() {
   if (!made_ || following_) return;
-  following_ = true;
+  const ScopedFlag following(following_);
   if (PaCo_->currentIndex() != workbench_.active_page) {
     PaCo_->setCurrentIndex(workbench_.active_page);
     focus_page();
@@ -69,7 +70,6 @@ void TF1::follow() {
   actions_->refresh();
   status_->refresh();
   show_title();
-  following_ = false;
 }
 
 }  // namespace kov

@@ -10,6 +10,7 @@
 #include "widgets/grid_adapter.h"
 #include "widgets/grid_headings.h"
 #include "widgets/qt_text.h"
+#include "widgets/scoped_flag.h"
 
 namespace kov {
 
@@ -77,11 +78,12 @@ void StringGrid::refresh() {
 }
 
 void StringGrid::follow() {
-  following_ = true;
-  if (adapter_->adopt_counts()) widths_told_.clear();
-  apply_sizes();
-  follow_selection();
-  following_ = false;
+  {
+    const ScopedFlag following(following_);
+    if (adapter_->adopt_counts()) widths_told_.clear();
+    apply_sizes();
+    follow_selection();
+  }
   viewport()->update();
   headings_->repaint_visible();
   place_editor();
@@ -106,7 +108,10 @@ void StringGrid::take_edit() {
   if (calls_ == 0) tell([this] { model_.leave(); });
 }
 
+bool StringGrid::has_keys() const { return hasFocus() || editor_->hasFocus(); }
+
 void StringGrid::focus_moved(const QWidget* now) {
+  viewport()->update();  // the selection is painted otherwise without the keys
   // Without a window of the program in front nothing is left, and what a lock takes the focus from
   // is not left by a person.
   if (now == nullptr || now == this || isAncestorOf(now) || !isEnabled()) return;
@@ -147,6 +152,7 @@ void StringGrid::changeEvent(QEvent* event) {
   QTableView::changeEvent(event);
   if (editor_ == nullptr) return;
   if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) apply_sizes();
+  if (event->type() == QEvent::EnabledChange) headings_->repaint_visible();
 }
 
 QString StringGrid::selected_text() const {

@@ -7,19 +7,9 @@
 #include "widgets/input_lock.h"
 #include "widgets/progress_group.h"
 #include "widgets/qt_text.h"
+#include "widgets/scoped_flag.h"
 
 namespace kov {
-namespace {
-
-/// The difference may be larger than 64 bits hold: the bounds are any integers.
-double fraction_of(std::int64_t from, std::int64_t to, std::int64_t position) {
-  const double length = static_cast<double>(to) - static_cast<double>(from);
-  if (!(length > 0)) return 0;
-  return std::clamp((static_cast<double>(position) - static_cast<double>(from)) / length, 0.0, 1.0);
-}
-
-}  // namespace
-
 WindowUser::WindowUser(QWidget& window, ProgressGroup& group) : window_(window), group_(group) {}
 
 bool WindowUser::yes_no(const std::string& text) { return ask_yes_no(parent_of_dialogs(), text); }
@@ -62,20 +52,29 @@ void WindowUser::show_caption(const std::string& text) {
 }
 
 void WindowUser::show_box(const Box& box) {
-  if (!running_) start(box);
+  if (!running_) start();
   shown_ = box;
-  const bool is_outermost =
-      box.title == outermost_.title && box.from == outermost_.from && box.to == outermost_.to;
-  if (is_outermost) outermost_.position = std::max(outermost_.position, box.position);
+  take_way(box);
   breathe();
 }
 
-void WindowUser::start(const Box& box) {
+/// A bar may be moved back, for a second pass; what was done stays done.
+void WindowUser::take_way(const Box& box) {
+  if (box.to <= box.from || (way_ && way_->depth < box.depth)) return;
+  const bool goes_on = way_ && way_->depth == box.depth && way_->from == box.from && way_->to == box.to;
+  const std::int64_t done = goes_on ? way_->position : box.from;
+  way_ = box;
+  way_->position = std::max(done, box.position);
+}
+
+void WindowUser::start() {
   running_ = true;
-  outermost_ = box;
+  way_.reset();
   started_ = Clock::now();
   next_turn_ = started_ + appears_after;
 }
+
+void WindowUser::show_grey(bool grey) { group_.show_grey(grey); }
 
 void WindowUser::hide_box() {
   running_ = false;
@@ -102,14 +101,13 @@ bool WindowUser::poll_break() {
 
 void WindowUser::breathe() {
   if (!running_ || reacting_ || Clock::now() < next_turn_) return;
-  reacting_ = true;
+  const ScopedFlag reacting(reacting_);
   if (!visible_) appear();
   show_state();
   {
     const InputLock lock(group_);
     QCoreApplication::processEvents();
   }
-  reacting_ = false;
   next_turn_ = Clock::now() + interval;
 }
 
@@ -121,19 +119,13 @@ void WindowUser::appear() {
 }
 
 void WindowUser::show_state() {
-  group_.show_progress(to_qt(shown_.title), fraction_of(shown_.from, shown_.to, shown_.position));
-  if (hooks_.time) hooks_.time(operation_time());
+  group_.show_progress(to_qt(shown_.title), done_fraction(shown_.from, shown_.to, shown_.position));
+  if (hooks_.time) hooks_.time(time());
 }
 
-OperationTime WindowUser::operation_time() const {
+OperationTime WindowUser::time() const {
   const auto elapsed = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - started_);
-  const double done = fraction_of(outermost_.from, outermost_.to, outermost_.position);
-  if (!(done > 0)) return {elapsed, std::nullopt};
-  const double left = static_cast<double>(elapsed.count()) * (1 - done) / done;
-  // A pace that promises more than a year says nothing.
-  constexpr double year = 365.0 * 24 * 3600 * 1000;
-  if (left > year) return {elapsed, std::nullopt};
-  return {elapsed, std::chrono::milliseconds(static_cast<std::int64_t>(left))};
+  return operation_time(elapsed, way_ ? done_fraction(way_->from, way_->to, way_->position) : 0);
 }
 
 QWidget* WindowUser::parent_of_dialogs() const {
