@@ -124,6 +124,7 @@ void delete_smallest_of_nlast(Lmap& lmap, std::int32_t percent, Progress& progre
   if (lmap.empty()) return;
   const std::int32_t nlast = lmap.nlast();
   const std::size_t count = lmap.count_in_rows(nlast, nlast);
+  const GreyPanel grey(progress);
   const ProgressBox box(progress, 0, static_cast<std::int64_t>(count));
 
   const std::string heading = "n=nlast=" + int_text(nlast);

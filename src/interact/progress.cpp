@@ -6,7 +6,7 @@ namespace kov {
 
 void Progress::open(const std::string& title, std::int64_t from, std::int64_t to) {
   if (!is_open()) release_break();
-  Box box{title, from, to, from};
+  Box box{title, from, to, from, boxes_.size()};
   boxes_.reserve(boxes_.size() + 1);  // so that what was shown is also counted
   show_box(box);
   boxes_.push_back(std::move(box));
@@ -35,6 +35,13 @@ ProgressBox::~ProgressBox() {
   try {
     progress_.close();
   } catch (...) {  // the box counts as closed all the same
+  }
+}
+
+GreyPanel::~GreyPanel() {
+  try {
+    progress_.show_grey(false);
+  } catch (...) {  // the next one that ends gives the colour back
   }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -26,6 +27,10 @@ class Progress {
   void close();
   bool is_open() const { return !boxes_.empty(); }
 
+  /// Turns a panel of the main window grey (128, 128, 128), or gives it its colour back; GreyPanel does so
+  /// for a scope.
+  virtual void show_grey(bool) {}
+
   /// One check of the Break button, counted: operations call it exactly where they may stop.
   bool break_requested();
   /// Lets a window paint and react, without asking for Break. Cheap; may be called every few
@@ -50,6 +55,8 @@ class Progress {
     std::int64_t from = 0;
     std::int64_t to = 0;
     std::int64_t position = 0;
+    /// How many boxes are around it; 0 for the outermost.
+    std::size_t depth = 0;
   };
 
   /// A box was opened, is shown again, or has moved its bar.
@@ -86,6 +93,19 @@ class ProgressBox {
   ProgressBox& operator=(const ProgressBox&) = delete;
 
   void at(std::int64_t position) { progress_.at(position); }
+
+ private:
+  Progress& progress_;
+};
+
+/// Keeps the panel grey for a scope: the sign of an operation that deletes points by their size.
+class GreyPanel {
+ public:
+  explicit GreyPanel(Progress& progress) : progress_(progress) { progress_.show_grey(true); }
+  /// Never throws, like the end of a box.
+  ~GreyPanel();
+  GreyPanel(const GreyPanel&) = delete;
+  GreyPanel& operator=(const GreyPanel&) = delete;
 
  private:
   Progress& progress_;

@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QShortcut>
 #include <algorithm>
 #include <utility>
 
@@ -28,7 +29,6 @@ ProgressGroup::ProgressGroup(QWidget* parent)
   progress_box_->setObjectName(QStringLiteral("ProgressBox"));
   break_box_->setObjectName(QStringLiteral("BreakBox"));
   bar_->setRange(0, bar_steps);
-  break_button_->setShortcut(Qt::Key_Escape);
   break_button_->setToolTip(QStringLiteral("Stops the operation (Esc)"));
   // A key that is still held down from before the operation must not press it.
   break_button_->setFocusPolicy(Qt::NoFocus);
@@ -41,6 +41,11 @@ ProgressGroup::ProgressGroup(QWidget* parent)
   layout->addWidget(progress_box_, 1);
   layout->addWidget(break_box_);
   connect(break_button_, &QPushButton::clicked, this, &ProgressGroup::press_break);
+  // Not the button's own shortcut: that one clicks 100 ms later, maybe in the next operation.
+  auto* escape = new QShortcut(Qt::Key_Escape, this);
+  escape->setContext(Qt::ApplicationShortcut);
+  escape->setAutoRepeat(false);  // likewise: held down, it would end one operation after another
+  connect(escape, &QShortcut::activated, this, &ProgressGroup::press_break);
   hide();
 }
 
@@ -59,6 +64,20 @@ void ProgressGroup::show_progress(const QString& title, double fraction) {
 void ProgressGroup::stop() {
   pressed_ = false;
   hide();
+}
+
+void ProgressGroup::show_grey(bool grey) {
+  if (grey == own_palette_.has_value()) return;
+  QPalette colours = palette();
+  if (grey) {
+    own_palette_ = colours;
+    colours.setColor(QPalette::Window, QColor(128, 128, 128));
+  } else {
+    colours = *own_palette_;
+    own_palette_.reset();
+  }
+  setAutoFillBackground(grey);
+  setPalette(colours);
 }
 
 bool ProgressGroup::take_break() { return std::exchange(pressed_, false); }

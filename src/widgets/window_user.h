@@ -7,17 +7,12 @@
 #include <optional>
 #include <string>
 
+#include "interact/operation_time.h"
 #include "interact/user.h"
 
 namespace kov {
 
 class ProgressGroup;
-
-/// How long an operation has run, and how long it will at the pace it had; unknown before it has moved.
-struct OperationTime {
-  std::chrono::milliseconds elapsed{};
-  std::optional<std::chrono::milliseconds> remaining;
-};
 
 /// The person at a window: the three ports as message boxes, dialogs, and the progress group.
 ///
@@ -52,6 +47,7 @@ class WindowUser final : public Messages, public Questions, public Progress {
   std::optional<std::filesystem::path> save_file(const std::string& title,
                                                  const std::filesystem::path& preset) override;
   void breathe() override;
+  void show_grey(bool grey) override;
 
  protected:
   void show(MessageKind kind, const std::string& text) override;
@@ -65,11 +61,12 @@ class WindowUser final : public Messages, public Questions, public Progress {
  private:
   using Clock = std::chrono::steady_clock;
 
-  void start(const Box& box);
+  void start();
+  void take_way(const Box& box);
   void appear();
   void show_state();
   void return_focus();
-  OperationTime operation_time() const;
+  OperationTime time() const;
   QWidget* parent_of_dialogs() const;
 
   QWidget& window_;
@@ -80,9 +77,9 @@ class WindowUser final : public Messages, public Questions, public Progress {
   bool reacting_ = false;
   Clock::time_point started_;
   Clock::time_point next_turn_;
-  /// The innermost box is what is shown; the time goes by the outermost.
+  /// The innermost box is what is shown; the time goes by the outermost that has a way to go.
   Box shown_;
-  Box outermost_;
+  std::optional<Box> way_;
   QPointer<QWidget> focus_;
 };
 

@@ -122,6 +122,7 @@ TEST(DeleteSmallest, ShowsTheBoxAndTheCaptionsEveryTenThousandPoints) {
   HookedProgress progress;
   delete_smallest_of_nlast(lmap, 60, progress);
   EXPECT_EQ(progress.log, (std::vector<std::string>{
+                              "grey",
                               "box Progress 0..20001 at 0",
                               "headline: n=nlast=2: Sorting entry 10000 of 20001",
                               "box Progress 0..20001 at 10000",
@@ -130,10 +131,20 @@ TEST(DeleteSmallest, ShowsTheBoxAndTheCaptionsEveryTenThousandPoints) {
                               "headline: n=nlast=2: Deleting entry 10000 of 12000",
                               "box Progress 0..20001 at 10000",
                               "hide",
+                              "own colour",
                           }));
   EXPECT_EQ(progress.breaths, 20'001 / 1024 + 12'000 / 1024);
   EXPECT_EQ(progress.checks, 0);
   EXPECT_EQ(lmap.count(), 8'001u);
+}
+
+TEST(DeleteSmallest, GivesThePanelItsColourBackWhenItFails) {
+  Lmap lmap = row_of_equal(10'000);
+  HookedProgress progress;
+  progress.on_headline = [] { throw std::runtime_error("no display"); };
+  EXPECT_THROW(delete_smallest_of_nlast(lmap, 60, progress), std::runtime_error);
+  EXPECT_EQ(progress.log.front(), "grey");
+  EXPECT_EQ(progress.log.back(), "own colour");
 }
 
 TEST(DeleteSmallest, NothingToDeleteIsSortedAllTheSame) {

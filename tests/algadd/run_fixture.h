@@ -32,6 +32,8 @@ class HookedProgress final : public Progress {
     on_breath();
   }
 
+  void show_grey(bool grey) override { log.emplace_back(grey ? "grey" : "own colour"); }
+
   std::vector<std::string> headlines() const;
 
  protected:

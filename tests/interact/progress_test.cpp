@@ -15,17 +15,23 @@ namespace {
 class Display final : public Progress {
  public:
   std::vector<std::string> shown;
+  std::vector<std::size_t> depths;
   bool pressed = false;
   int polls = 0;
   bool out_of_memory = false;
 
   void breathe() override {}
+  void show_grey(bool grey) override {
+    if (out_of_memory) throw std::bad_alloc();
+    shown.emplace_back(grey ? "grey" : "own colour");
+  }
 
  protected:
   void show_box(const Box& box) override {
     if (out_of_memory) throw std::bad_alloc();
     shown.push_back(box.title + " " + int_text(box.from) + " " + int_text(box.position) + " " +
                     int_text(box.to));
+    depths.push_back(box.depth);
   }
   void hide_box() override {
     if (out_of_memory) throw std::bad_alloc();
@@ -65,6 +71,7 @@ TEST(Progress, ShowsTheOuterBoxAgainWhenTheInnerOneIsClosed) {
   }
   EXPECT_EQ(display.shown, (Shown{"run 0 0 9", "run 0 4 9", "deletion 0 0 100", "deletion 0 50 100",
                                   "run 0 4 9", "run 0 5 9", "hidden"}));
+  EXPECT_EQ(display.depths, (std::vector<std::size_t>{0, 0, 1, 1, 0, 0}));
 }
 
 TEST(Progress, WithoutABoxIgnoresPositionAndClose) {
@@ -102,6 +109,23 @@ TEST(Progress, ABoxThatCannotBeHiddenIsClosedWithoutAThrow) {
     EXPECT_TRUE(display.is_open());
   }
   EXPECT_FALSE(display.is_open());
+}
+
+TEST(GreyPanel, HasItsColourBackOnEveryWayOut) {
+  Display display;
+  try {
+    const GreyPanel grey(display);
+    EXPECT_EQ(display.shown, Shown{"grey"});
+    throw 1;
+  } catch (int) {
+  }
+  EXPECT_EQ(display.shown, (Shown{"grey", "own colour"}));
+}
+
+TEST(GreyPanel, EndsWithoutAThrow) {
+  Display display;
+  const GreyPanel grey(display);
+  display.out_of_memory = true;
 }
 
 TEST(Break, StaysPressedUntilTheBoxIsClosed) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QGroupBox>
+#include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QtTest>
@@ -77,8 +78,44 @@ TEST_F(ProgressGroupTest, EscPressesBreakAndHeldKeysDoNot) {
   QTest::keyClick(focus, Qt::Key_Space);
   EXPECT_FALSE(group.take_break());
   QTest::keyClick(&group, Qt::Key_Escape);
-  QTest::qWait(150);  // a button that is pressed by its shortcut stays down for 100 ms
   EXPECT_TRUE(group.take_break());
+  EXPECT_TRUE(break_box().isHidden());
+}
+
+TEST_F(ProgressGroupTest, EscPressesBreakInWhateverWindowItIsStruck) {
+  QLineEdit other;
+  other.show();
+  QApplication::setActiveWindow(&other);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+  QTest::keyClick(&other, Qt::Key_Escape);
+  EXPECT_FALSE(group.take_break());
+  group.start();
+  QTest::keyClick(&other, Qt::Key_Escape);
+  EXPECT_TRUE(group.take_break());
+  group.stop();
+  QTest::keyClick(&other, Qt::Key_Escape);
+  EXPECT_FALSE(group.take_break());
+}
+
+TEST_F(ProgressGroupTest, EscThatIsHeldDownPressesNothing) {
+  group.start();
+  QApplication::setActiveWindow(&group);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&group));
+  EXPECT_FALSE(qt_sendShortcutOverrideEvent(&group, 0, Qt::Key_Escape, Qt::NoModifier, QString(), true));
+  EXPECT_FALSE(group.take_break());
+}
+
+TEST_F(ProgressGroupTest, IsGreyAndHasItsColourBack) {
+  const QColor own = group.palette().color(QPalette::Window);
+  ASSERT_NE(own, QColor(128, 128, 128));
+  group.start();
+  group.show_grey(true);
+  group.show_grey(true);
+  EXPECT_EQ(group.palette().color(QPalette::Window), QColor(128, 128, 128));
+  EXPECT_EQ(group.grab().toImage().pixelColor(0, 0), QColor(128, 128, 128));
+  group.show_grey(false);
+  EXPECT_EQ(group.palette().color(QPalette::Window), own);
+  EXPECT_NE(group.grab().toImage().pixelColor(0, 0), QColor(128, 128, 128));
 }
 
 }  // namespace

@@ -135,6 +135,72 @@ TEST_F(WindowUserTest, TellsElapsedAndRemainingTime) {
   EXPECT_EQ(times.back(), std::nullopt);
 }
 
+TEST_F(WindowUserTest, ABoxInsideIsNotTheOneThatTheTimeGoesBy) {
+  const ProgressBox outer(user, 0, 400);
+  ProgressBox inner(user, 0, 400);  // looks the same
+  inner.at(300);
+  wait_until_shown();
+  ASSERT_FALSE(times.empty());
+  EXPECT_EQ(times.back()->remaining, std::nullopt);
+  const auto* bar = group->findChild<QProgressBar*>();
+  EXPECT_EQ(100 * bar->value() / bar->maximum(), 75);
+}
+
+/// A read knows only on the way how many points there are.
+TEST_F(WindowUserTest, TheTimeGoesByTheOutermostBoxThatHasAWay) {
+  const ProgressBox outer(user, 0, 0);
+  wait_until_shown();
+  EXPECT_EQ(times.back()->remaining, std::nullopt);
+  {
+    ProgressBox inner(user, 0, 400);
+    inner.at(100);
+    run(milliseconds(60));
+    ASSERT_TRUE(times.back()->remaining);
+    EXPECT_NEAR(static_cast<double>(times.back()->remaining->count()),
+                3.0 * static_cast<double>(times.back()->elapsed.count()), 3.0);
+    inner.at(50);  // a second pass
+    run(milliseconds(60));
+    EXPECT_NEAR(static_cast<double>(times.back()->remaining->count()),
+                3.0 * static_cast<double>(times.back()->elapsed.count()), 3.0);
+  }
+  ProgressBox other(user, 0, 100);
+  run(milliseconds(60));
+  EXPECT_EQ(times.back()->remaining, std::nullopt);
+}
+
+TEST_F(WindowUserTest, ThePanelIsGreyForAScope) {
+  const QColor own = group->palette().color(QPalette::Window);
+  const ProgressBox box(user, 0, 10);
+  {
+    const GreyPanel grey(user);
+    wait_until_shown();
+    EXPECT_EQ(group->palette().color(QPalette::Window), QColor(128, 128, 128));
+  }
+  EXPECT_EQ(group->palette().color(QPalette::Window), own);
+}
+
+TEST_F(WindowUserTest, EscIsAnsweredAtOnceAndDoesNotMeetTheNextOperation) {
+  {
+    const ProgressBox box(user, 0, 10);
+    wait_until_shown();
+    QTimer::singleShot(0, &window, [this] { QTest::keyClick(&window, Qt::Key_Escape); });
+    EXPECT_TRUE(run(milliseconds(2000)));
+  }
+  const ProgressBox box(user, 0, 10);
+  EXPECT_FALSE(run(milliseconds(200)));
+}
+
+TEST_F(WindowUserTest, EscInAnotherWindowIsBreakToo) {
+  QLineEdit other;
+  other.show();
+  QApplication::setActiveWindow(&other);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+  const ProgressBox box(user, 0, 10);
+  wait_until_shown();
+  QTimer::singleShot(0, &window, [&] { QTest::keyClick(&other, Qt::Key_Escape); });
+  EXPECT_TRUE(run(milliseconds(2000)));
+}
+
 TEST_F(WindowUserTest, BreakIsAnsweredAtOnce) {
   const ProgressBox box(user, 0, 10);
   wait_until_shown();
