@@ -21,6 +21,9 @@ namespace kov {
 /// since the text of a floating p carries 15 digits only.
 class AlgaddGrid final : public GridModel {
  public:
+  /// The row of the factors, whose texts are the longest of a table.
+  static constexpr int p_row = 1;
+
   /// All three must outlive the grid.
   AlgaddGrid(Algadd& algadd, cphclass& cph, Messages& messages);
 
@@ -61,7 +64,6 @@ class AlgaddGrid final : public GridModel {
   void clicked(GridClick click, GridCell cell) override;
 
  private:
-  static constexpr int p_row = 1;
   static constexpr int ldest_row = 2;
   static constexpr int first_key_row = 3;
 

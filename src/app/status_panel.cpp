@@ -12,6 +12,7 @@ namespace kov {
 namespace {
 
 constexpr std::chrono::seconds memory_interval{1};
+constexpr int figure_margin = 6;
 
 std::string two_digits(std::int64_t value) { return (value < 10 ? "0" : "") + int_text(value); }
 
@@ -37,6 +38,7 @@ StatusPanel::StatusPanel(const Lmap& lmap, QWidget* parent)
   report_->setTextFormat(Qt::PlainText);
   // A long report is cut here rather than the window made wider; the title has it in full.
   report_->setMinimumWidth(1);
+  report_->setContentsMargins(figure_margin, 0, figure_margin, 0);
   addWidget(report_, 1);
   time_ = add_figure("Time", tr("Time of the operation that runs"));
   nlast_ = add_figure("Nlast", tr("The last row of the lattices"));
@@ -54,13 +56,13 @@ QLabel* StatusPanel::add_figure(const char* name, const QString& tip) {
   label->setObjectName(name);
   label->setToolTip(tip);
   label->setTextFormat(Qt::PlainText);
-  label->setContentsMargins(6, 0, 6, 0);
+  label->setContentsMargins(figure_margin, 0, figure_margin, 0);
   addPermanentWidget(label);
   return label;
 }
 
-void StatusPanel::show_report(const std::string& caption) {
-  report_->setText(caption == status_line(lmap_) ? QString() : to_qt(caption));
+void StatusPanel::show_report(const std::string& report) {
+  report_->setText(report == status_line(lmap_) ? QString() : to_qt(report));
 }
 
 void StatusPanel::show_time(const std::optional<OperationTime>& time) {

@@ -24,9 +24,9 @@ class StatusPanel final : public QStatusBar {
   /// The store must outlive the panel.
   explicit StatusPanel(const Lmap& lmap, QWidget* parent = nullptr);
 
-  /// What stands in the caption of the window; the status line of the store is left out, since its figures
-  /// are here anyway.
-  void show_report(const std::string& caption);
+  /// What the operation that runs reports; the status line of the store is left out, since its figures are
+  /// here anyway.
+  void show_report(const std::string& report);
   /// While an operation runs, its report has the room of the store's figures, which change with every point.
   void show_time(const std::optional<OperationTime>& time);
   /// The figures of the store as it is now.

@@ -28,6 +28,9 @@ Lk low_template(std::int32_t n) {
   return key;
 }
 
+constexpr int number_width = 72;
+constexpr int quantity_width = 132;
+
 /// The number of points before place, walked from whichever end of the store is nearer.
 std::int64_t points_before(const Lmap& lmap, Lmap::Cursor place) {
   const Lmap::Cursor first = lmap.begin();
@@ -44,6 +47,11 @@ std::int64_t points_before(const Lmap& lmap, Lmap::Cursor place) {
 
 SllistGrid::SllistGrid(const Lmap& lmap, Questions& questions) : lmap_(lmap), questions_(questions) {
   build(Recount::yes);
+}
+
+int SllistGrid::column_width(int column) const {
+  if (column == 0) return number_width;
+  return column == 1 ? quantity_width : default_column_width();
 }
 
 std::string SllistGrid::text(GridCell cell) const {

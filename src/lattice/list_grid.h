@@ -27,6 +27,8 @@ class SllistGrid final : public GridModel {
   int fixed_columns() const override { return 0; }
   std::string text(GridCell cell) const override;
   int default_column_width() const override { return 54; }
+  /// Numbers beyond a million and quantities that became floating are to be read in full.
+  int column_width(int column) const override;
 
   /// Builds the listing with recounting. To be called as well after the store has changed.
   void show() override;

@@ -3,6 +3,7 @@
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
 #include <utility>
 
 #include "widgets/cell_painter.h"
@@ -12,8 +13,9 @@ namespace kov {
 
 CellEditor::CellEditor(QWidget* parent, Owner owner) : QLineEdit(parent), owner_(std::move(owner)) {
   setFrame(false);
-  setTextMargins(cell_margin - 2, 0, cell_margin - 2, 0);  // the line edit itself leaves 2 pixels
-  setFocusPolicy(Qt::ClickFocus);                          // by Tab one reaches the grid
+  // The line edit itself leaves 2 pixels, and 1 more for the cursor behind the text.
+  setTextMargins(cell_margin - 2, 0, cell_margin - 3, 0);
+  setFocusPolicy(Qt::ClickFocus);  // by Tab one reaches the grid
   setAutoFillBackground(true);
   hide();
 }
@@ -21,7 +23,7 @@ CellEditor::CellEditor(QWidget* parent, Owner owner) : QLineEdit(parent), owner_
 void CellEditor::show_fresh(const QString& text) {
   setText(text);
   setAlignment((is_number(text) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
-  selectAll();
+  if (hasFocus()) selectAll();
 }
 
 bool CellEditor::event(QEvent* event) {
@@ -41,6 +43,14 @@ bool CellEditor::event(QEvent* event) {
 void CellEditor::focusInEvent(QFocusEvent* event) {
   QLineEdit::focusInEvent(event);
   if (!isModified()) selectAll();  // a line edit forgets its selection while the focus is elsewhere
+}
+
+void CellEditor::paintEvent(QPaintEvent* event) {
+  QLineEdit::paintEvent(event);
+  QPainter painter(this);
+  painter.setPen(palette().color(hasFocus() ? QPalette::Highlight : QPalette::Mid));
+  painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  if (hasFocus()) painter.drawRect(rect().adjusted(1, 1, -2, -2));
 }
 
 void CellEditor::mousePressEvent(QMouseEvent* event) {
@@ -63,7 +73,10 @@ void CellEditor::mouseMoveEvent(QMouseEvent* event) {
   }
 }
 
-// The right button is the grid's.
-void CellEditor::contextMenuEvent(QContextMenuEvent* event) { event->accept(); }
+// The right button is the grid's, and so is the key that stands for it.
+void CellEditor::contextMenuEvent(QContextMenuEvent* event) {
+  event->accept();
+  if (event->reason() == QContextMenuEvent::Keyboard) owner_.clicked(GridClick::right);
+}
 
 }  // namespace kov

@@ -7,8 +7,8 @@
 
 namespace kov {
 
-/// The one editor of a grid, laid over the selected cell. Every key press and mouse click is first offered to
-/// the grid; the keys of the menus stay the menus'.
+/// The one editor of a grid, laid over the selected cell, with a frame around it that tells where keys go.
+/// Every key press and mouse click is first offered to the grid; the keys of the menus stay the menus'.
 class CellEditor final : public QLineEdit {
  public:
   struct Owner {
@@ -27,6 +27,7 @@ class CellEditor final : public QLineEdit {
  protected:
   bool event(QEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;

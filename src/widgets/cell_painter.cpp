@@ -10,9 +10,34 @@ namespace {
 
 bool may_be_in_number(QChar c) { return (c >= u'0' && c <= u'9') || QStringView(u"+-/.iIeE").contains(c); }
 
+/// The colours of one cell.
+struct Ink {
+  QColor ground;
+  QColor text;
+};
+
+QColor mixed(const QColor& a, const QColor& b, double part_of_a) {
+  const auto mix = [part_of_a](int x, int y) { return qRound(part_of_a * x + (1 - part_of_a) * y); };
+  return {mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue())};
+}
+
 QPalette::ColorGroup color_group(const QStyleOptionViewItem& option) {
   if (!(option.state & QStyle::State_Enabled)) return QPalette::Disabled;
   return option.state & QStyle::State_Active ? QPalette::Active : QPalette::Inactive;
+}
+
+/// A selection that the keys are not at, as beside the grid that has them, is a hint of the colour only.
+Ink ink_of(const StringGrid& grid, const QStyleOptionViewItem& option, const QString& text) {
+  const auto color = [&](QPalette::ColorRole role) {
+    return option.palette.color(color_group(option), role);
+  };
+  if (option.state.testFlag(QStyle::State_Selected)) {
+    if (grid.has_keys()) return {color(QPalette::Highlight), color(QPalette::HighlightedText)};
+    constexpr double hint = 0.3;
+    return {mixed(color(QPalette::Highlight), color(QPalette::Base), hint), color(QPalette::Text)};
+  }
+  const bool pale = grid.dims_zeros() && text == QStringLiteral("0");
+  return {color(QPalette::Base), color(pale ? QPalette::PlaceholderText : QPalette::Text)};
 }
 
 }  // namespace
@@ -26,12 +51,12 @@ bool is_number(const QString& text) {
 void SlDrawcell(const StringGrid* grid, Messages& messages, QPainter& painter,
                 const QStyleOptionViewItem& option, const QString& text) {
   if (grid == nullptr) return messages.warning("StringGrid == NULL in SlDrawcell");
-  const bool selected = option.state.testFlag(QStyle::State_Selected);
   const QPalette::ColorGroup group = color_group(option);
   painter.save();
-  painter.fillRect(option.rect, option.palette.brush(group, selected ? QPalette::Highlight : QPalette::Base));
+  const Ink ink = ink_of(*grid, option, text);
+  painter.fillRect(option.rect, ink.ground);
   painter.setFont(option.font);
-  painter.setPen(option.palette.color(group, selected ? QPalette::HighlightedText : QPalette::Text));
+  painter.setPen(ink.text);
   const QRect room = option.rect.adjusted(cell_margin, 0, -cell_margin, 0);
   const Qt::Alignment side = is_number(text) ? Qt::AlignRight : Qt::AlignLeft;
   painter.drawText(room, static_cast<int>(side | Qt::AlignVCenter) | Qt::TextSingleLine,

@@ -20,7 +20,8 @@ inline constexpr int cell_margin = 4;
 bool is_number(const QString& text);
 
 /// Paints one cell of a grid from its text, in the colours of the grid's palette; what does not fit ends in
-/// an ellipsis. Without a grid it paints nothing and says so as a warning.
+/// an ellipsis, and where the grid wants it so, zeros step back behind the other numbers. Without a grid it
+/// paints nothing and says so as a warning.
 void SlDrawcell(const StringGrid* grid, Messages& messages, QPainter& painter,
                 const QStyleOptionViewItem& option, const QString& text);
 

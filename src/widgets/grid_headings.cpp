@@ -9,7 +9,13 @@
 #include <QTableView>
 #include <utility>
 
+#include "widgets/cell_painter.h"
+
 namespace kov {
+
+int HeadingStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
+  return metric == PM_HeaderMargin ? cell_margin : QProxyStyle::pixelMetric(metric, option, widget);
+}
 
 GridHeadings::GridHeadings(QTableView& table, Owner owner)
     : QObject(&table),
@@ -17,6 +23,8 @@ GridHeadings::GridHeadings(QTableView& table, Owner owner)
       corner_(table.findChild<QAbstractButton*>(QString(), Qt::FindDirectChildrenOnly)),
       owner_(std::move(owner)) {
   table_.setCornerButtonEnabled(false);
+  table_.horizontalHeader()->setStyle(&style_);
+  table_.verticalHeader()->setStyle(&style_);
   corner_->installEventFilter(this);
   table_.horizontalHeader()->viewport()->installEventFilter(this);
   table_.verticalHeader()->viewport()->installEventFilter(this);
@@ -49,15 +57,15 @@ bool GridHeadings::eventFilter(QObject* object, QEvent* event) {
 
 void GridHeadings::paint_corner() {
   QStyleOptionHeader option;
-  option.initFrom(corner_);
-  option.state |= QStyle::State_Enabled | QStyle::State_Raised;
-  option.palette.setCurrentColorGroup(corner_->isActiveWindow() ? QPalette::Active : QPalette::Inactive);
+  option.initFrom(table_.horizontalHeader());  // the corner itself is a button that is never enabled
+  option.rect = corner_->rect();
+  option.state |= QStyle::State_Raised;
   option.text = owner_.corner_text();
   option.textAlignment = Qt::AlignLeft | Qt::AlignVCenter;
   option.position = QStyleOptionHeader::OnlyOneSection;
   option.section = 0;
   QPainter painter(corner_);
-  table_.style()->drawControl(QStyle::CE_Header, &option, &painter, corner_);
+  style_.drawControl(QStyle::CE_Header, &option, &painter, corner_);
 }
 
 bool GridHeadings::click(const QMouseEvent& event) {

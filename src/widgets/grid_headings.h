@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QProxyStyle>
 #include <functional>
 
 #include "interact/grid_model.h"
@@ -11,6 +12,13 @@ class QPoint;
 class QTableView;
 
 namespace kov {
+
+/// Headings keep the distance between a text and the edges that cells keep, so that a column's heading stands
+/// right above its numbers.
+class HeadingStyle final : public QProxyStyle {
+ public:
+  int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
+};
 
 /// What a table's headings do beyond showing texts: the corner shows the one of cell 0,0, and mouse and tool
 /// tips reach the grid. They are never selected.
@@ -36,6 +44,7 @@ class GridHeadings final : public QObject {
   GridCell heading_at(const QObject* object, QPoint place) const;
 
   QTableView& table_;
+  HeadingStyle style_;
   QAbstractButton* corner_;
   Owner owner_;
 };

@@ -32,6 +32,13 @@ class StringGrid final : public QTableView {
   void set_tool_tip(std::function<QString(GridCell)> tool_tip) { tool_tip_ = std::move(tool_tip); }
   /// Whether a double click opens the editor, besides being told to the model. Initially so.
   void set_opens_on_double_click(bool opens) { opens_on_double_click_ = opens; }
+  /// Whether zeros are painted paler than other numbers: where most cells are zero, the others then show at a
+  /// glance. Initially not.
+  void set_dims_zeros(bool dims) { dims_zeros_ = dims; }
+  bool dims_zeros() const { return dims_zeros_; }
+  /// Columns become wider than the model says where the text in this row of the model needs it; -1, as
+  /// initially, is no row. For grids with few columns: the texts of all of them are measured at every change.
+  void set_fitted_row(int row);
 
   /// Takes a pending edit. Commands that do not come from the grid call it before they read or change what
   /// the grid shows.
@@ -41,6 +48,8 @@ class StringGrid final : public QTableView {
   /// The selected cells, columns separated by tabs and every row ended by a line feed but the last.
   QString selected_text() const;
   void copy() const;
+  /// Whether keys go to the grid or to its editor.
+  bool has_keys() const;
   /// Shows what the model holds now. Called by itself whenever the model says that it has changed.
   void refresh();
 
@@ -94,6 +103,7 @@ class StringGrid final : public QTableView {
   void apply_sizes();
   void apply_row_height();
   void apply_column_widths();
+  int wanted_width(int column) const;
   void apply_heading_width();
   int scaled(int pixels) const;
 
@@ -124,6 +134,8 @@ class StringGrid final : public QTableView {
   GridHeadings* headings_ = nullptr;
   std::function<QString(GridCell)> tool_tip_;
   bool opens_on_double_click_ = true;
+  bool dims_zeros_ = false;
+  int fitted_row_ = -1;
   /// Calls into the model that are under way.
   int calls_ = 0;
   bool following_ = false;

@@ -36,20 +36,33 @@ void StringGrid::apply_row_height() {
   verticalHeader()->setDefaultSectionSize(height);
 }
 
+void StringGrid::set_fitted_row(int row) {
+  fitted_row_ = row;
+  apply_column_widths();
+}
+
+int StringGrid::wanted_width(int column) const {
+  const int width = scaled(model_.column_width(column));
+  if (fitted_row_ < 0) return width;
+  const QString text = to_qt(model_.text({column, fitted_row_}));
+  // Besides the margins there is the line between columns, and the advance is a rounded figure.
+  return std::max(width, fontMetrics().horizontalAdvance(text) + 2 * cell_margin + 2);
+}
+
 /// A column that a person has made wider stays so until the model asks for another width.
 void StringGrid::apply_column_widths() {
   const int usual = scaled(model_.default_column_width());
   const int count = adapter_->columnCount();
   std::vector<int> widths(static_cast<std::size_t>(count));
   for (int c = 0; c < count; ++c) {
-    widths[static_cast<std::size_t>(c)] = scaled(model_.column_width(c + model_.fixed_columns()));
+    widths[static_cast<std::size_t>(c)] = wanted_width(c + model_.fixed_columns());
   }
   if (widths == widths_told_ && usual == horizontalHeader()->defaultSectionSize()) return;
   horizontalHeader()->setMinimumSectionSize(1);
   horizontalHeader()->setDefaultSectionSize(usual);
   for (int c = 0; c < count; ++c) {
     const int width = widths[static_cast<std::size_t>(c)];
-    if (width != usual) horizontalHeader()->resizeSection(c, width);
+    if (width != horizontalHeader()->sectionSize(c)) horizontalHeader()->resizeSection(c, width);
   }
   widths_told_ = std::move(widths);
 }

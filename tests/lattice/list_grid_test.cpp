@@ -46,6 +46,12 @@ class SllistGridTest : public ::testing::Test {
   SllistGrid grid_{lmap_, person_};
 };
 
+TEST_F(SllistGridTest, NumbersAndQuantitiesHaveMoreRoomThanCoordinates) {
+  for (int column = 2; column < grid_.column_count(); ++column) EXPECT_EQ(grid_.column_width(column), 54);
+  EXPECT_GT(grid_.column_width(0), 54);
+  EXPECT_GT(grid_.column_width(1), grid_.column_width(0));
+}
+
 TEST_F(SllistGridTest, HasTheShapeOfTheList) {
   EXPECT_EQ(grid_.column_count(), 34);
   EXPECT_EQ(grid_.row_count(), 60);

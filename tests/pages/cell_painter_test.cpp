@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QImage>
 #include <QPainter>
+#include <QtTest>
+#include <algorithm>
 
 #include "pages/fake_grid.h"
 #include "support/recording_messages.h"
@@ -47,6 +50,14 @@ class PaintedCell : public ::testing::Test {
     return image;
   }
 
+  static int darkest(const QImage& image) {
+    int darkest = 255;
+    for (int x = 0; x < width; ++x) {
+      for (int y = 0; y < height; ++y) darkest = std::min(darkest, image.pixelColor(x, y).lightness());
+    }
+    return darkest;
+  }
+
   /// The columns with a pixel of another colour than the first one's.
   static std::pair<int, int> ink(const QImage& image) {
     std::pair<int, int> columns{width, -1};
@@ -87,8 +98,29 @@ TEST_F(PaintedCell, HasTheColoursOfThePalette) {
     for (int y = 0; y < height; ++y) lightest = std::max(lightest, dark.pixelColor(x, y).lightness());
   }
   EXPECT_GT(lightest, 128);
+}
+
+TEST_F(PaintedCell, ASelectionIsPalerWhereTheKeysAreNot) {
+  option.palette.setColor(QPalette::Base, QColor(0, 0, 0));
+  option.palette.setColor(QPalette::Highlight, QColor(10, 100, 200));
   option.state |= QStyle::State_Selected;
-  EXPECT_EQ(paint("12", &grid).pixelColor(0, 0), QColor(4, 5, 6));
+  EXPECT_EQ(paint("12", &grid).pixelColor(0, 0), QColor(3, 30, 60));
+  grid.show();
+  QApplication::setActiveWindow(&grid);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&grid));
+  grid.setFocus();
+  EXPECT_EQ(paint("12", &grid).pixelColor(0, 0), QColor(10, 100, 200));
+}
+
+TEST_F(PaintedCell, ZerosAreDimWhereTheGridWantsIt) {
+  option.palette.setColor(QPalette::Base, Qt::white);
+  option.palette.setColor(QPalette::Text, Qt::black);
+  option.palette.setColor(QPalette::PlaceholderText, QColor(180, 180, 180));
+  EXPECT_LT(darkest(paint("0", &grid)), 100);
+  grid.set_dims_zeros(true);
+  EXPECT_GE(darkest(paint("0", &grid)), 180);
+  EXPECT_LT(darkest(paint("10", &grid)), 100);
+  EXPECT_LT(darkest(paint("0i", &grid)), 100);
 }
 
 TEST_F(PaintedCell, ReportsThatThereIsNoGrid) {

@@ -9,6 +9,24 @@ namespace {
 
 class GridEditing : public GridDesk {};
 
+/// What the frame of an editor is painted with.
+QRgb frame_of(QWidget& editor) { return editor.grab().toImage().pixel(editor.width() / 2, 0); }
+
+TEST_F(GridEditing, TheFrameOfTheEditorTellsWhereTheKeysGo) {
+  model.shows_editor = true;
+  open();
+  ASSERT_TRUE(editor().hasFocus());
+  const QPalette& palette = editor().palette();
+  EXPECT_EQ(frame_of(editor()), palette.color(QPalette::Highlight).rgb());
+  EXPECT_EQ(editor().selectedText(), "101");
+  neighbour->setFocus();
+  EXPECT_EQ(frame_of(editor()), palette.color(QPalette::Mid).rgb());
+  model.typed[{1, 1}] = "5";
+  model.changed();
+  EXPECT_EQ(editor().text(), "5");
+  EXPECT_EQ(editor().selectedText(), "");
+}
+
 TEST_F(GridEditing, TypingOpensTheEditorAndReplacesTheText) {
   open();
   EXPECT_FALSE(editor().isVisible());

@@ -64,7 +64,7 @@ TEST_F(LatticeTabs, AnOffsetThatWasTypedIsTakenWhenSlqIsEntered) {
   start();
   click("Sldim", {1, 2});
   type("5");
-  EXPECT_EQ(text("Slq", {1, 0}), "-9");
+  EXPECT_EQ(text("Slq", {1, 0}), "-3");
   click("Slq", {2, 2});
   EXPECT_EQ(text("Slq", {1, 0}), "5");
 }

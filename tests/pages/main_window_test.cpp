@@ -263,6 +263,20 @@ TEST_F(MainWindow, TheStatusBarCountsPointsAndMemory) {
   EXPECT_EQ(figure("Points"), int_text(static_cast<std::int64_t>(lmap().count())) + " points");
 }
 
+TEST_F(MainWindow, TheReportOfAnOperationThatIsOverStaysInTheTitleOnly) {
+  start();
+  {
+    const ProgressBox box(window->user().progress, 0, 10);
+    window->user().progress.headline("half of it");
+    EXPECT_EQ(figure("Report"), "half of it");
+  }
+  workbench().document.cph.setkmi_1("Sums_EntryCountPerDisplay", 1);
+  choose_tab(4);
+  EXPECT_EQ(caption(), "lattice point 1 of 1 summed up");
+  EXPECT_EQ(title(), "lattice point 1 of 1 summed up - walk2d.aa1 - kov");
+  EXPECT_EQ(figure("Report"), "");
+}
+
 TEST_F(MainWindow, ADroppedFileIsOpened) {
   start({});
   QMimeData data;
@@ -369,6 +383,7 @@ TEST_F(MainWindow, ALongOperationLocksAndBreakEndsIt) {
   EXPECT_FALSE(window->findChild<QLabel*>("Time")->isVisible());
   EXPECT_FALSE(window->findChild<QWidget*>("ProgressBox")->isVisible());
   EXPECT_EQ(figure("Nlast"), "nlast " + int_text(lmap().nlast()));
+  EXPECT_EQ(figure("Report"), "");
 }
 
 }  // namespace

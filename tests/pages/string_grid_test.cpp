@@ -9,6 +9,7 @@
 #include <QToolTip>
 
 #include "pages/grid_desk.h"
+#include "widgets/cell_painter.h"
 
 namespace kov {
 namespace {
@@ -48,6 +49,39 @@ TEST_F(StringGridTest, PaintsTheCornersText) {
   EXPECT_EQ(model.asked, (std::vector<GridCell>{{0, 0}}));
   model.heading_rows = 0;  // then the text of cell 0,0 is another one
   EXPECT_NE(corner()->grab().toImage(), with_text);
+}
+
+TEST_F(StringGridTest, TheCornerIsGreyWithTheGrid) {
+  open();
+  const QImage enabled = corner()->grab().toImage();
+  grid->setEnabled(false);
+  const QImage disabled = corner()->grab().toImage();
+  EXPECT_NE(disabled, enabled);
+  grid->setEnabled(true);
+  grid->setFocus();
+  EXPECT_EQ(corner()->grab().toImage(), enabled);
+}
+
+TEST_F(StringGridTest, AHeadingStandsAboveItsNumbers) {
+  open();
+  const QStyle& style = *grid->horizontalHeader()->style();
+  EXPECT_EQ(style.pixelMetric(QStyle::PM_HeaderMargin, nullptr, grid->horizontalHeader()), cell_margin);
+  EXPECT_EQ(grid->verticalHeader()->style(), &style);
+  EXPECT_GE(grid->horizontalHeader()->height(), grid->fontMetrics().height() + 2 * cell_margin);
+}
+
+TEST_F(StringGridTest, AColumnIsAsWideAsItsTextInTheFittedRow) {
+  open();
+  const int usual = grid->columnWidth(0);
+  const QString wide = "1234567890/1234567890";
+  model.typed[{1, 3}] = wide.toStdString();
+  model.typed[{2, 4}] = wide.toStdString();
+  grid->set_fitted_row(3);
+  EXPECT_GT(grid->columnWidth(0), grid->fontMetrics().horizontalAdvance(wide) + 2 * cell_margin);
+  EXPECT_EQ(grid->columnWidth(1), usual);
+  model.typed[{1, 3}] = "1";
+  model.changed();
+  EXPECT_EQ(grid->columnWidth(0), usual);
 }
 
 TEST_F(StringGridTest, TakesItsWidthsFromTheModel) {

@@ -1,8 +1,10 @@
 #include <QCheckBox>
 #include <QGroupBox>
+#include <QHeaderView>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScrollBar>
 
 #include "pages/window_desk.h"
 #include "widgets/qt_text.h"
@@ -64,6 +66,17 @@ TEST_F(TableTabs, AButtonOfTheAlgaddMenuActsAndHidesIt) {
   EXPECT_FALSE(shown("AlgaddMenu"));
 }
 
+TEST_F(TableTabs, FactorsAreShownInFull) {
+  start();
+  choose_tab(3);
+  const int usual = grid("SlAlgadd").columnWidth(1);
+  click("SlAlgadd", {2, 1});
+  type("1/3333+2/7777i");
+  press(Qt::Key_Return);
+  EXPECT_GT(grid("SlAlgadd").columnWidth(1), usual);
+  EXPECT_EQ(grid("SlAlgadd").columnWidth(2), usual);
+}
+
 TEST_F(TableTabs, QAndWTurnTables) {
   start();
   choose_tab(3);
@@ -91,6 +104,24 @@ TEST_F(TableTabs, Sums1SumsUpWhenItIsShown) {
   EXPECT_FALSE(shown("GroupBox_Modify_Range"));
   EXPECT_FALSE(shown("Sums1Label"));
   EXPECT_EQ(text("Slsums1", {1, 1}), "1");
+}
+
+TEST_F(TableTabs, AllColumnsOfBothTablesAreInViewInANarrowWindow) {
+  start();
+  choose_tab(4);
+  window->resize(1000, 700);
+  QTest::qWait(0);
+  const int usual = grid("Slds1").horizontalHeader()->defaultSectionSize();
+  EXPECT_FALSE(grid("Slsums1").horizontalScrollBar()->isVisible());
+  EXPECT_FALSE(grid("Slds1").horizontalScrollBar()->isVisible());
+  EXPECT_LT(grid("Slds1").columnWidth(0), usual);
+  window->resize(600, 700);
+  QTest::qWait(0);
+  EXPECT_EQ(grid("Slds1").columnWidth(3), usual * 3 / 4);
+  window->resize(1300, 700);
+  QTest::qWait(0);
+  EXPECT_EQ(grid("Slds1").columnWidth(3), usual);
+  EXPECT_FALSE(grid("Slds1").horizontalScrollBar()->isVisible());
 }
 
 TEST_F(TableTabs, TheRightButtonOpensTheModifyRangeMenu) {

@@ -22,6 +22,8 @@ AlgaddTab::AlgaddTab(AlgaddGrid& SlAlgadd, Messages& messages, const QList<QActi
     : QWidget(parent), SlAlgadd_(new StringGrid(SlAlgadd, messages)) {
   SlAlgadd_->setObjectName("SlAlgadd");
   SlAlgadd_->setAccessibleName(tr("Current Algadd table"));
+  SlAlgadd_->set_dims_zeros(true);
+  SlAlgadd_->set_fitted_row(AlgaddGrid::p_row);
   SlAlgadd_->set_tool_tip([&SlAlgadd](GridCell cell) { return to_qt(SlAlgadd.hint(cell)); });
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(SlAlgadd_, 1);

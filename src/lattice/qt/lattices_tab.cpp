@@ -14,11 +14,13 @@ LatticesTab::LatticesTab(SldimGrid& Sldim, SlqGrid& Slq, Messages& messages, QWi
     : QWidget(parent), Sldim_(new StringGrid(Sldim, messages)), Slq_(new StringGrid(Slq, messages)) {
   Sldim_->setObjectName("Sldim");
   Sldim_->setAccessibleName(tr("Definition of the slice"));
+  Sldim_->set_dims_zeros(true);
   Sldim_->set_tool_tip([&Sldim](GridCell cell) { return to_qt(Sldim.hint(cell)); });
   Sldim_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
   Sldim_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   Slq_->setObjectName("Slq");
   Slq_->setAccessibleName(tr("Quantities of the slice"));
+  Slq_->set_dims_zeros(true);
   Slq_->set_tool_tip([&Slq](GridCell cell) { return to_qt(Slq.hint(cell)); });
   auto* layout = new QHBoxLayout(this);
   layout->addWidget(Sldim_);

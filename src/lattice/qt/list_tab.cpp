@@ -21,6 +21,7 @@ ListTab::ListTab(SllistGrid& Sllist, Messages& messages, QWidget* parent)
     : QWidget(parent), model_(Sllist), Sllist_(new StringGrid(Sllist, messages)) {
   Sllist_->setObjectName("Sllist");
   Sllist_->setAccessibleName(tr("Points of all lattices"));
+  Sllist_->set_dims_zeros(true);
   Sllist_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   Sllist_->viewport()->installEventFilter(this);
   connect(Sllist_, &StringGrid::rows_in_view_changed, this, [this] { fit_rows(); });

@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QScrollBar>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "widgets/action_button.h"
 #include "widgets/qt_text.h"
@@ -18,12 +19,18 @@ namespace kov {
 namespace {
 
 constexpr int buttons_in_a_row = 2;
+constexpr int label_margin = 16;
+
+int width_of_columns(const StringGrid& grid) {
+  return grid.verticalHeader()->width() + grid.horizontalHeader()->length() + 2 * grid.frameWidth();
+}
+
+int whole_width(const StringGrid& grid) {
+  return width_of_columns(grid) + grid.verticalScrollBar()->sizeHint().width();
+}
 
 /// As wide as its columns, which are few and known; what is left is for the results.
-void fit_width(StringGrid& grid) {
-  const int columns = grid.verticalHeader()->width() + grid.horizontalHeader()->length();
-  grid.setFixedWidth(columns + grid.verticalScrollBar()->sizeHint().width() + 2 * grid.frameWidth());
-}
+void fit_width(StringGrid& grid) { grid.setFixedWidth(whole_width(grid)); }
 
 }  // namespace
 
@@ -37,12 +44,14 @@ Sums1Tab::Sums1Tab(const Models& models, Messages& messages, const QList<QAction
   Slds1_->setObjectName("Slds1");
   Slds1_->setAccessibleName(tr("Current range table"));
   Slds1_->set_opens_on_double_click(false);
+  Slds1_->set_dims_zeros(true);
   Slds1_->set_tool_tip([this](GridCell) { return to_qt(models_.page.hint()); });
   Slsums1_->setObjectName("Slsums1");
   Slsums1_->setAccessibleName(tr("Sums of the ranges"));
   label_->setObjectName("Sums1Label");
   label_->setTextFormat(Qt::PlainText);
-  label_->setAlignment(Qt::AlignCenter);
+  label_->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+  label_->setMargin(label_margin);
   auto* right = new QVBoxLayout;
   right->addWidget(Slsums1_, 1);
   right->addWidget(make_menu(range_menu));
@@ -54,6 +63,24 @@ Sums1Tab::Sums1Tab(const Models& models, Messages& messages, const QList<QAction
   connect(Slds1_->horizontalHeader(), &QHeaderView::sectionResized, this, [this] { fit_width(*Slds1_); });
   connect(Slds1_->horizontalHeader(), &QHeaderView::geometriesChanged, this, [this] { fit_width(*Slds1_); });
   follow();
+}
+
+void Sums1Tab::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  fit();
+}
+
+/// In a narrow window the bounds, most of which are short, give way to the sums.
+void Sums1Tab::fit() {
+  const QHeaderView& bounds = *Slds1_->horizontalHeader();
+  const QMargins margins = layout()->contentsMargins();
+  const int others = margins.left() + margins.right() + layout()->spacing() + whole_width(*Slds1_) -
+                     bounds.length() + width_of_columns(*Slsums1_);
+  const int usual = bounds.defaultSectionSize();
+  const int wanted = std::clamp((width() - others) / bounds.count(), usual * 3 / 4, usual);
+  if (wanted == bound_width_) return;
+  bound_width_ = wanted;
+  for (int column = 0; column < bounds.count(); ++column) Slds1_->setColumnWidth(column, wanted);
 }
 
 QWidget* Sums1Tab::make_menu(const QList<QAction*>& range_menu) {
@@ -86,6 +113,7 @@ void Sums1Tab::follow() {
   Slsums1_->setVisible(models_.page.results_shown());
   label_->setText(to_qt(models_.page.label()));
   label_->setVisible(!models_.page.results_shown());
+  fit();
 }
 
 }  // namespace kov

@@ -37,7 +37,11 @@ class Sums1Tab final : public QWidget {
   /// Shows menu, results and label as the page has them now.
   void follow();
 
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
  private:
+  void fit();
   QWidget* make_menu(const QList<QAction*>& range_menu);
   QCheckBox* make_check_box(std::size_t range);
 
@@ -47,6 +51,8 @@ class Sums1Tab final : public QWidget {
   QGroupBox* GroupBox_Modify_Range_ = nullptr;
   std::array<QCheckBox*, 2> check_boxes_{};
   QLabel* label_;
+  /// As the columns of the range table were last fitted; a person may have changed some since.
+  int bound_width_ = 0;
 };
 
 }  // namespace kov
