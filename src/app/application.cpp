@@ -3,10 +3,10 @@
 #include <QIcon>
 #include <QMessageBox>
 #include <clocale>
-#include <exception>
-#include <new>
 
+#include "widgets/qt_text.h"
 #include "widgets/scoped_flag.h"
+#include "workbench/error_text.h"
 #include "workbench/start_up.h"
 
 namespace kov {
@@ -24,10 +24,8 @@ bool Application::notify(QObject* receiver, QEvent* event) {
   QString what;
   try {
     return QApplication::notify(receiver, event);
-  } catch (const std::bad_alloc&) {
-    what = tr("Not enough memory.");
-  } catch (const std::exception& error) {
-    what = QString::fromUtf8(error.what());
+  } catch (...) {
+    what = to_qt(text_of_handled_error());
   }
   if (reporting_) return true;
   const ScopedFlag reporting(reporting_);

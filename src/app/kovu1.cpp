@@ -19,6 +19,8 @@
 #include "app/main_menu.h"
 #include "app/recent_files.h"
 #include "app/status_panel.h"
+#include "lattice/lattice_status.h"
+#include "sums/qt/sums2_tab.h"
 #include "widgets/help_window.h"
 #include "widgets/progress_group.h"
 #include "widgets/qt_text.h"
@@ -101,8 +103,7 @@ void TF1::make_menu() {
   recent_files_ = new RecentFiles([this](const std::filesystem::path& path) { open_later(path); }, this);
   own.recent_files = recent_files_;
   own.help_contents = own_action("Help/Contents", "Contents", [this] {
-    const auto page = static_cast<std::size_t>(workbench_.active_page);
-    help().show_topic(page_topics[page]);
+    show_help_topic(page_topics[static_cast<std::size_t>(workbench_.active_page)]);
   });
   own.help_contents->setShortcut(Qt::Key_F1);
   own.help_index = own_action("Help/Index", "Index", [this] { help().show_index(); });
@@ -136,10 +137,16 @@ void TF1::run(const Command& command) {
   if (command.menu == "Algadd" || command.menu == "Sums1") focus_page();
 }
 
+/// Where nothing is reported and the status is the same, the caption stays: it may be that of the start. The
+/// page is shown anew in any case, since quantities may be others all the same.
 void TF1::run_own(const std::string& name, const std::function<void()>& operation) {
   operate(name, [&] {
+    const std::string caption = user_.caption();
+    const std::string status = status_line(workbench_.document.lmap);
     operation();
-    workbench_.show_status(user_);
+    const bool to_report = user_.caption() != caption || status_line(workbench_.document.lmap) != status;
+    if (to_report) workbench_.restore_status_line(user_);
+    pages_.refresh();
   });
 }
 
@@ -157,7 +164,6 @@ void TF1::open_later(const std::filesystem::path& path) {
 void TF1::after_operation() {
   if (workbench_.exit_requested) return end_program();
   if (workbench_.file.chosen) recent_files_->add(workbench_.file.path);
-  place_.follow_parameters();
   follow();
 }
 
@@ -173,7 +179,11 @@ void TF1::lock(bool on) {
   PaCo_->setEnabled(!on);
   progress_panel_->setVisible(on);
   emit locked(on);
-  if (!on) follow();
+  if (on) {
+    sums2_tab_->follow();  // which may be what is being built
+  } else {
+    follow();
+  }
 }
 
 void TF1::place_progress_panel() {
@@ -216,14 +226,20 @@ void TF1::closeEvent(QCloseEvent* event) {
 
 void TF1::resizeEvent(QResizeEvent* event) {
   QMainWindow::resizeEvent(event);
-  if (!made_) return;
-  place_.record();
+  record_place();
   if (locked_) place_progress_panel();
 }
 
 void TF1::moveEvent(QMoveEvent* event) {
   QMainWindow::moveEvent(event);
-  if (made_) place_.record();
+  record_place();
+}
+
+void TF1::record_place() {
+  if (!made_) return;
+  place_.record();
+  const bool shows_parameters = workbench_.active_page == static_cast<int>(Page::config);
+  if (shows_parameters && !pages_.config().edited()) pages_.config().show();
 }
 
 void TF1::dragEnterEvent(QDragEnterEvent* event) {

@@ -90,6 +90,7 @@ class TF1 final : public QMainWindow {
   void follow();
   void after_operation();
   void focus_page();
+  void record_place();
   void show_title();
   std::string report() const;
   void open_later(const std::filesystem::path& path);

@@ -56,6 +56,7 @@ void TF1::focus_page() { PaCo_->currentWidget()->setFocus(); }
 
 void TF1::follow() {
   if (!made_ || following_) return;
+  if (!running_) place_.follow_parameters();  // those that an operation sets, when it is over
   const ScopedFlag following(following_);
   if (PaCo_->currentIndex() != workbench_.active_page) {
     PaCo_->setCurrentIndex(workbench_.active_page);

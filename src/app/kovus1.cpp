@@ -42,13 +42,18 @@ void TUF1::StartAlgus2Click() {
 }
 
 TUF1::TUF1(TF1& main_window)
-    : F1(main_window),
+    : PaCo(new QTabWidget(this)),
+      ProposalLabel1(
+          add_page("Algus1", "ProposalLabel1", "Here you can place Parameter tables for your algorithm. 1")),
+      ProposalLabel2(
+          add_page("Algus2", "ProposalLabel2", "Here you can place Parameter tables for your algorithm. 2")),
+      F1(main_window),
       lmap(F1.workbench().document.lmap),
       cph(F1.workbench().document.cph),
       user(F1.user()),
-      wl(user.messages),
-      PaCo(make_pages()) {
+      wl(user.messages) {
   setWindowTitle("UF1");
+  PaCo->setObjectName("PaCo");
   setCentralWidget(PaCo);
   make_menu();
   resize(520, 320);
@@ -63,25 +68,16 @@ TUF1::TUF1(TF1& main_window)
   });
 }
 
-QTabWidget* TUF1::make_pages() {
-  PaCo = new QTabWidget;
-  PaCo->setObjectName("PaCo");
-  add_page("Algus1", ProposalLabel1, "ProposalLabel1",
-           "Here you can place Parameter tables for your algorithm. 1");
-  add_page("Algus2", ProposalLabel2, "ProposalLabel2",
-           "Here you can place Parameter tables for your algorithm. 2");
-  return PaCo;
-}
-
-void TUF1::add_page(const char* name, QLabel*& label, const char* label_name, const char* text) {
+QLabel* TUF1::add_page(const char* name, const char* label_name, const char* text) {
   auto* page = new QWidget;
   page->setObjectName(name);
-  label = new QLabel(text);
+  auto* label = new QLabel(text);
   label->setObjectName(label_name);
   label->setAlignment(Qt::AlignCenter);
   label->setWordWrap(true);
   (new QVBoxLayout(page))->addWidget(label);
   PaCo->addTab(page, name);
+  return label;
 }
 
 void TUF1::make_menu() {

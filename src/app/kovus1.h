@@ -24,6 +24,11 @@ class TUF1 final : public QMainWindow {
   /// The main window must outlive it.
   explicit TUF1(TF1& main_window);
 
+  // The controls, under the names by which an algorithm knows them.
+  QTabWidget* const PaCo;
+  QLabel* const ProposalLabel1;
+  QLabel* const ProposalLabel2;
+
  protected:
   void showEvent(QShowEvent* event) override;
 
@@ -45,8 +50,7 @@ class TUF1 final : public QMainWindow {
   void CloseUF1Click();
   void ExitPrgClick();
 
-  QTabWidget* make_pages();
-  void add_page(const char* name, QLabel*& label, const char* label_name, const char* text);
+  QLabel* add_page(const char* name, const char* label_name, const char* text);
   void make_menu();
   void add_item(QMenu& menu, const char* caption, const std::function<void()>& click);
 
@@ -57,10 +61,6 @@ class TUF1 final : public QMainWindow {
   cphclass& cph;
   const User user;
   const WarningLevel wl;
-
-  QTabWidget* PaCo;
-  QLabel* ProposalLabel1 = nullptr;
-  QLabel* ProposalLabel2 = nullptr;
 };
 
 }  // namespace kov

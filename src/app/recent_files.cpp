@@ -3,6 +3,8 @@
 #include <QFile>
 #include <QSettings>
 #include <QStringList>
+#include <string>
+#include <system_error>
 #include <utility>
 
 namespace kov {
@@ -23,8 +25,13 @@ RecentFiles::RecentFiles(Open open, QWidget* parent)
   connect(this, &QMenu::aboutToShow, this, &RecentFiles::fill);
 }
 
+/// A file that could not be found again is left out: one with a relative name in a folder that is gone, or
+/// with bytes in its name that are no text.
 void RecentFiles::add(const std::filesystem::path& path) {
-  const QString text = QFile::decodeName(std::filesystem::absolute(path).lexically_normal().c_str());
+  std::error_code no_folder;
+  const std::string name = std::filesystem::absolute(path, no_folder).lexically_normal().string();
+  const QString text = QFile::decodeName(name.c_str());
+  if (no_folder || QFile::encodeName(text).toStdString() != name) return;
   QSettings settings;
   QStringList paths = settings.value(key).toStringList();
   if (!paths.isEmpty() && paths.front() == text) return;

@@ -16,7 +16,7 @@ class RecentFiles final : public QMenu {
 
   explicit RecentFiles(Open open, QWidget* parent = nullptr);
 
-  /// The file becomes the newest.
+  /// The file becomes the newest, unless there is no name by which to find it again.
   void add(const std::filesystem::path& path);
 
  private:

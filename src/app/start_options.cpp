@@ -31,4 +31,8 @@ std::optional<std::string> answer_without_window(std::span<const char* const> ar
   return std::nullopt;
 }
 
+std::vector<std::filesystem::path> start_parameters(std::span<const char* const> arguments) {
+  return {arguments.begin(), arguments.end()};
+}
+
 }  // namespace kov

@@ -38,10 +38,8 @@ void set_text(QMessageBox& box, const std::string& text) {
   box.setTextInteractionFlags(Qt::TextSelectableByMouse);
 }
 
-/// A new file may be named; one that is to be read must exist.
 void set_filters(QFileDialog& dialog) {
   dialog.setNameFilters({QStringLiteral("Lattice data (*.aa1)"), QStringLiteral("All files (*)")});
-  dialog.setDefaultSuffix(QStringLiteral("aa1"));
 }
 
 std::optional<std::filesystem::path> chosen(QFileDialog& dialog) {
@@ -111,6 +109,7 @@ std::optional<std::filesystem::path> choose_file_to_save(QWidget* parent, const 
   QFileDialog dialog(parent, to_qt(title), current_folder());
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
+  dialog.setDefaultSuffix(QStringLiteral("aa1"));
   set_filters(dialog);
   if (preset.has_parent_path()) dialog.setDirectory(QFile::decodeName(preset.parent_path().c_str()));
   dialog.selectFile(QFile::decodeName(preset.filename().c_str()));

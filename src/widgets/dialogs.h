@@ -26,7 +26,8 @@ bool ask_all_or_ok(QWidget* parent, const std::string& text);
 
 void show_message(QWidget* parent, MessageKind kind, const std::string& text);
 
-/// A file that exists. Its folder becomes the current directory.
+/// A file that exists, by the name it has, with an extension or without. Its folder becomes the current
+/// directory.
 std::optional<std::filesystem::path> choose_file_to_open(QWidget* parent, const std::string& title);
 /// Asks before a file is chosen that exists; a name without an extension gets that of data files. The folder
 /// becomes the current directory.

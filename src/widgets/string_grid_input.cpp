@@ -1,4 +1,5 @@
 // Keys and mouse of a grid, and its editor.
+#include <QContextMenuEvent>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QToolTip>
@@ -38,6 +39,12 @@ bool moves_between_rows(const QKeyEvent& event) {
   }
 }
 
+/// The Menu key, or what the desktop has in its place.
+bool asks_for_menu_by_key(const QEvent& event) {
+  return event.type() == QEvent::ContextMenu &&
+         static_cast<const QContextMenuEvent&>(event).reason() == QContextMenuEvent::Keyboard;
+}
+
 bool moves_between_columns(int key) {
   return key == Qt::Key_Left || key == Qt::Key_Right || key == Qt::Key_Home || key == Qt::Key_End;
 }
@@ -53,6 +60,10 @@ bool StringGrid::event(QEvent* event) {
   }
   if (event->type() == QEvent::KeyPress) {
     event->setAccepted(take_key(static_cast<QKeyEvent&>(*event)));
+    return true;
+  }
+  if (asks_for_menu_by_key(*event)) {
+    click(GridClick::right);
     return true;
   }
   return QTableView::event(event);
@@ -84,6 +95,10 @@ bool StringGrid::take_key_of_grid(QKeyEvent& event) {
       return move_by_tab(true);
     case Qt::Key_Backtab:
       return move_by_tab(false);
+    case Qt::Key_F10:
+      if (event.modifiers() != Qt::ShiftModifier) return false;
+      click(GridClick::right);
+      return true;
     default:
       return false;
   }

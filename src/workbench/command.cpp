@@ -1,13 +1,13 @@
 #include "workbench/command.h"
 
 #include <algorithm>
-#include <exception>
 #include <new>
 #include <vector>
 
 #include "numbers/errors.h"
 #include "text/tokens.h"
 #include "workbench/command_groups.h"
+#include "workbench/error_text.h"
 
 namespace kov {
 namespace {
@@ -82,8 +82,8 @@ void run_operation(const std::string& name, const std::function<void()>& operati
     show_error("Not enough memory; the command was ended.", workbench, user);
   } catch (const math_error& error) {
     show_error("MathError in " + name + ":\n" + error.what(), workbench, user);
-  } catch (const std::exception& error) {
-    show_error(error.what(), workbench, user);
+  } catch (...) {
+    show_error(text_of_handled_error(), workbench, user);
   }
 }
 

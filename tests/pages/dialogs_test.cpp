@@ -143,6 +143,12 @@ TEST_F(FileDialogs, OpenAFileAndMoveToItsFolder) {
   EXPECT_TRUE(std::filesystem::equivalent(std::filesystem::current_path(), folder.path() / "sub"));
 }
 
+TEST_F(FileDialogs, OpenAFileWithoutAnExtension) {
+  write_text(folder.path() / "walk", "x");
+  const OnModal<QFileDialog> person([&](QFileDialog& dialog) { choose(dialog, folder.path() / "walk"); });
+  EXPECT_EQ(choose_file_to_open(nullptr, "Open"), folder.path() / "walk");
+}
+
 TEST_F(FileDialogs, ChangeNothingWhenCancelled) {
   const OnModal<QFileDialog> person([](QFileDialog& dialog) { dialog.reject(); });
   EXPECT_EQ(choose_file_to_open(nullptr, "Open"), std::nullopt);

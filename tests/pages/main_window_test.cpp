@@ -6,6 +6,7 @@
 #include <QStatusBar>
 #include <fstream>
 
+#include "pages/during_operation.h"
 #include "pages/window_desk.h"
 #include "text/integers.h"
 #include "widgets/qt_text.h"
@@ -53,6 +54,13 @@ TEST_F(MainWindow, AFileThatCannotBeReadLeavesTheDefaultState) {
   EXPECT_TRUE(lmap().empty());
   EXPECT_FALSE(workbench().file.chosen);
   EXPECT_EQ(title(), "kov (no file specified)");
+}
+
+TEST_F(MainWindow, AFileWhoseNameIsNoTextIsRead) {
+  std::filesystem::copy_file("walk2d.aa1", "n\xe4me.aa1");
+  make({"n\xe4me.aa1"});
+  EXPECT_EQ(lmap().count(), 1u);
+  EXPECT_EQ(workbench().file.name(), "n\xe4me.aa1");
 }
 
 TEST_F(MainWindow, WithoutArgumentsTheUniformConfigurationIsRead) {
@@ -110,6 +118,26 @@ TEST_F(MainWindow, MenusFollowTheCommandTable) {
     }
     EXPECT_EQ(shown, expected) << title;
     EXPECT_FALSE(shown.empty()) << title;
+  }
+}
+
+TEST_F(MainWindow, MenusAreDividedIntoGroups) {
+  start();
+  const std::vector<std::pair<std::string, std::vector<std::string>>> first_below_a_line = {
+      {"File", {"Read new Cfg", "Save", "Save Cfg", "C. Warnlevel", "Exit"}},
+      {"Util", {}},
+      {"Cmd", {"Delete All", "Del nlast", "Ch. last b. 0", "Choose Last"}},
+      {"Mod", {"Init For Test", "Set Default Offset", "All to Float"}},
+      {"Alg", {"Change Algadd Nr", "Algadd with del"}},
+      {"Help", {"State"}}};
+  for (const auto& [title, expected] : first_below_a_line) {
+    std::vector<std::string> found;
+    bool below_a_line = false;
+    for (const QAction* item : window->findChild<QMenu*>(title.c_str())->actions()) {
+      if (below_a_line) found.push_back(item->objectName().section('/', 1).toStdString());
+      below_a_line = item->isSeparator();
+    }
+    EXPECT_EQ(found, expected) << title;
   }
 }
 
@@ -338,6 +366,31 @@ TEST_F(MainWindow, ResizingSetsTheScreenParameters) {
   EXPECT_EQ(workbench().window.page_count, 9);
 }
 
+TEST_F(MainWindow, AScreenParameterThatIsEditedMovesTheWindowAtOnce) {
+  start();
+  window->resize(900, 700);
+  choose_tab(8);
+  const auto row_of = [this](const char* keyword) {
+    int row = 1;
+    while (text("Slconfig", {2, row}) != keyword) ++row;
+    return row;
+  };
+  click("Slconfig", {4, row_of("F1_Screen_Default_Width")});
+  type("770");
+  press(Qt::Key_Return);
+  EXPECT_EQ(window->width(), 770);
+  click("Slconfig", {4, row_of("F1_Screen_Default_Left")});
+  type("17");
+  press(Qt::Key_Return);
+  EXPECT_EQ(window->pos().x(), 17);
+  EXPECT_EQ(window->width(), 770);
+  // And the page shows where the window goes by itself.
+  window->resize(840, 660);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(text("Slconfig", {4, row_of("F1_Screen_Default_Width")}), "840");
+  EXPECT_EQ(text("Slconfig", {4, row_of("F1_Screen_Default_Height")}), "660");
+}
+
 TEST_F(MainWindow, TheScreenParametersOfAFileResizeTheWindow) {
   start({});
   std::ofstream("sized.aa1") << "F1_Screen_Default_Width 790 -2147483648 2147483647 1\r\n"
@@ -348,16 +401,6 @@ TEST_F(MainWindow, TheScreenParametersOfAFileResizeTheWindow) {
   EXPECT_EQ(window->size(), QSize(790, 580));
   EXPECT_EQ(window->pos(), QPoint(5, 3));
 }
-
-/// Acts once while an operation shows itself, from the event loop that it lets run.
-class DuringOperation : public QObject {
- public:
-  DuringOperation(TF1& window, std::function<void()> act) {
-    connect(&window, &TF1::locked, this, [this, act = std::move(act)](bool on) {
-      if (on) QTimer::singleShot(0, this, act);
-    });
-  }
-};
 
 TEST_F(MainWindow, ALongOperationLocksAndBreakEndsIt) {
   start();

@@ -24,6 +24,12 @@ TEST(StartOptions, EverythingElseIsForTheWindow) {
   }
 }
 
+TEST(StartOptions, NamesOfFilesAreTakenByteByByte) {
+  EXPECT_TRUE(start_parameters(Arguments{}).empty());
+  const std::vector<std::filesystem::path> expected = {"walk2d.aa1", "n\xe4me.aa1"};
+  EXPECT_EQ(start_parameters(Arguments{"walk2d.aa1", "n\xe4me.aa1"}), expected);
+}
+
 TEST(StartOptions, TheProgramCarriesItsIcon) {
   const QImage icon = QApplication::windowIcon().pixmap(64, 64).toImage();
   ASSERT_EQ(icon.size(), QSize(64, 64));

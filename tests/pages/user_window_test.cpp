@@ -45,6 +45,14 @@ TEST_F(UserWindow, HasTwoPagesWithTheirLabels) {
   EXPECT_EQ(pages->size(), user_window->centralWidget()->size());
 }
 
+TEST_F(UserWindow, ItsNamesAreItsControls) {
+  open();
+  EXPECT_EQ(user_window->PaCo, user_window->centralWidget());
+  EXPECT_EQ(user_window->ProposalLabel1, user_window->findChild<QLabel*>("ProposalLabel1"));
+  EXPECT_EQ(user_window->ProposalLabel2, user_window->findChild<QLabel*>("ProposalLabel2"));
+  ASSERT_NE(user_window->ProposalLabel2, nullptr);
+}
+
 TEST_F(UserWindow, HasOneMenu) {
   open();
   ASSERT_EQ(user_window->menuBar()->actions().size(), 1);
@@ -108,6 +116,22 @@ TEST_F(UserWindow, AnOperationOfOnesOwnIsRunLikeACommand) {
   CloseMessage message;
   window->run_own("Mine", [] { throw std::runtime_error("no such thing"); });
   EXPECT_EQ(message.text, "no such thing");
+}
+
+TEST_F(UserWindow, AnOperationThatChangesNothingLeavesTheCaption) {
+  start({});
+  window->run_own("Mine", [] {});
+  EXPECT_EQ(caption(), "kov (no file specified)");
+  window->run_own("Mine", [this] { window->user().progress.headline("half of it"); });
+  EXPECT_EQ(caption(), " Lattices are empty. ");
+}
+
+TEST_F(UserWindow, AnOperationThatChangesAQuantityIsSeen) {
+  start();
+  choose_tab(4);
+  ASSERT_EQ(text("Slsums1", {3, 2}), "1");
+  window->run_own("Mine", [this] { lmap().transform([](const cotyp& q) { return q + q; }); });
+  EXPECT_EQ(text("Slsums1", {3, 2}), "2");
 }
 
 TEST_F(UserWindow, WhatEscapesFromAnEventIsShownAndTheWindowGoesOn) {

@@ -4,6 +4,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -42,6 +43,7 @@ class WindowDesk : public ::testing::Test {
   void TearDown() override {
     window.reset();
     std::filesystem::current_path(before_);
+    std::filesystem::remove_all(folder());  // Qt cannot remove a file whose name is no text
   }
 
   std::filesystem::path folder() const { return folder_.path().toStdString(); }
@@ -112,6 +114,15 @@ class WindowDesk : public ::testing::Test {
   /// Each character goes where the keys are then: the first may open an editor, which gets the others.
   static void type(const char* keys) {
     for (; *keys != '\0'; ++keys) QTest::keyClick(QApplication::focusWidget(), *keys);
+  }
+
+  /// Works, and asks for Break, until the person has done something; at most for some seconds.
+  void work_until(const bool& done) {
+    const ProgressBox box(window->user().progress, 0, 10);
+    QElapsedTimer clock;
+    clock.start();
+    while (!done && !window->user().progress.break_requested() && clock.elapsed() < 5000) {
+    }
   }
 
   std::string caption() { return window->user().progress.caption(); }

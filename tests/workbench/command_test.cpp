@@ -137,7 +137,8 @@ INSTANTIATE_TEST_SUITE_P(Command, Escape, testing::Values(
     EscapeCase{"math",     [](Workbench&, User) { throw math_error("invalid"); },            "error: MathError in Something:\n  invalid"},
     EscapeCase{"ratyp",    [](Workbench&, User) { throw ratyp_error(); },                    "error: ratyp error: de=0"},
     EscapeCase{"file",     [](Workbench&, User) { throw file_error("Cannot read x.aa1"); },    "error: Cannot read x.aa1"},
-    EscapeCase{"other",    [](Workbench&, User) { throw std::runtime_error("other"); },      "error: other"}),
+    EscapeCase{"other",    [](Workbench&, User) { throw std::runtime_error("other"); },      "error: other"},
+    EscapeCase{"unnamed",  [](Workbench&, User) { throw 7; },                                "error: Unknown error."}),
     [](const auto& escape) { return escape.param.name; });
 // clang-format on
 
