@@ -8,11 +8,16 @@ std::string sum_progress_text(std::int64_t point, std::int64_t count) {
   return "lattice point " + int_text(point) + " of " + int_text(count) + " summed up";
 }
 
-bool SumProgress::display() {
+bool SumProgress::check() {
+  if (point_ == next_display_) display();
+  next_check_ = std::min(next_display_, point_ + most_between_checks);
+  return !progress_.break_requested();
+}
+
+void SumProgress::display() {
   progress_.headline(sum_progress_text(point_, count_));
   box_.at(point_);
   next_display_ += display_step_;
-  return !progress_.break_requested();
 }
 
 }  // namespace kov

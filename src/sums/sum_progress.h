@@ -14,25 +14,32 @@ std::string sum_progress_text(std::int64_t point, std::int64_t count);
 /// The progress of a walk over all points of the store, which shows the box as long as it lives.
 class SumProgress {
  public:
+  /// However seldom the walk is shown, Break is asked for after so many points.
+  static constexpr std::int64_t most_between_checks = 10'000;
+
   /// After every points_per_display-th point (at least 1) the walk is shown and Break is asked for.
   SumProgress(Progress& progress, std::int64_t count, std::int64_t points_per_display)
       : progress_(progress),
         box_(progress, 0, count),
         count_(count),
         display_step_(std::max<std::int64_t>(points_per_display, 1)),
-        next_display_(display_step_) {}
+        next_display_(display_step_),
+        next_check_(std::min(display_step_, most_between_checks)) {}
 
   /// One more point was summed up. False when Break was pressed.
-  bool advance() { return ++point_ != next_display_ || display(); }
+  bool advance() { return ++point_ != next_check_ || check(); }
 
  private:
-  bool display();
+  bool check();
+  void display();
 
   Progress& progress_;
   ProgressBox box_;
   std::int64_t count_;
   std::int64_t display_step_;
   std::int64_t next_display_;
+  /// The next display or sooner.
+  std::int64_t next_check_;
   std::int64_t point_ = 0;
 };
 
