@@ -15,14 +15,10 @@ QString view_text(std::string_view text) {
 /// As a menu shows it letter by letter.
 QString without_mnemonics(const std::string& caption) { return to_qt(caption).replace("&", "&&"); }
 
-bool is_warning_level_item(const Command& command) {
-  return command.menu == "File" && command.caption == "C. Warnlevel";
-}
-
 }  // namespace
 
-CommandActions::CommandActions(const Workbench& workbench, const Messages& messages, Run run, QObject* parent)
-    : QObject(parent), workbench_(workbench), messages_(messages), run_(std::move(run)) {
+CommandActions::CommandActions(const Workbench& workbench, Run run, QObject* parent)
+    : QObject(parent), workbench_(workbench), run_(std::move(run)) {
   for (const Command& command : commands()) add(command);
   refresh();
 }
@@ -50,7 +46,6 @@ QList<QAction*> CommandActions::of_menu(std::string_view menu) const {
 }
 
 QString CommandActions::caption(const Command& command) const {
-  if (is_warning_level_item(command)) return QString("Change warnl.  %1").arg(messages_.wl());
   if (command.live_caption == nullptr) return view_text(command.caption);
   return without_mnemonics(live_caption(command, workbench_));
 }

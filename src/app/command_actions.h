@@ -6,7 +6,6 @@
 #include <string_view>
 #include <vector>
 
-#include "interact/messages.h"
 #include "workbench/command.h"
 
 class QAction;
@@ -19,8 +18,8 @@ class CommandActions final : public QObject {
  public:
   using Run = std::function<void(const Command& command)>;
 
-  /// Both must outlive the actions. run is called with a command that is enabled at that moment.
-  CommandActions(const Workbench& workbench, const Messages& messages, Run run, QObject* parent);
+  /// The workbench must outlive the actions. run is called with a command that is enabled at that moment.
+  CommandActions(const Workbench& workbench, Run run, QObject* parent);
 
   /// In the order of the table.
   QList<QAction*> of_menu(std::string_view menu) const;
@@ -39,7 +38,6 @@ class CommandActions final : public QObject {
   QString caption(const Command& command) const;
 
   const Workbench& workbench_;
-  const Messages& messages_;
   Run run_;
   std::vector<Row> rows_;
 };

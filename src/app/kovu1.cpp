@@ -50,7 +50,7 @@ TF1::TF1(std::span<const std::filesystem::path> arguments)
       pages_(workbench_, user_.user()),
       place_(*this, workbench_.document.cph, workbench_.window),
       actions_(new CommandActions(
-          workbench_, user_, [this](const Command& command) { run(command); }, this)),
+          workbench_, [this](const Command& command) { run(command); }, this)),
       status_(new StatusPanel(workbench_.document.lmap)),
       PaCo_(new QTabWidget),
       progress_panel_(make_progress_panel()) {
