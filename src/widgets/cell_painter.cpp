@@ -27,17 +27,22 @@ QPalette::ColorGroup color_group(const QStyleOptionViewItem& option) {
 }
 
 /// A selection that the keys are not at, as beside the grid that has them, is a hint of the colour only.
+/// Mixtures are right in every palette, light or dark; not every desktop sets the roles for paler texts.
 Ink ink_of(const StringGrid& grid, const QStyleOptionViewItem& option, const QString& text) {
+  constexpr double hint = 0.3;
+  constexpr double pale = 0.55;
   const auto color = [&](QPalette::ColorRole role) {
     return option.palette.color(color_group(option), role);
   };
+  const QColor base = color(QPalette::Base);
   if (option.state.testFlag(QStyle::State_Selected)) {
     if (grid.has_keys()) return {color(QPalette::Highlight), color(QPalette::HighlightedText)};
-    constexpr double hint = 0.3;
-    return {mixed(color(QPalette::Highlight), color(QPalette::Base), hint), color(QPalette::Text)};
+    return {mixed(color(QPalette::Highlight), base, hint), color(QPalette::Text)};
   }
-  const bool pale = grid.dims_zeros() && text == QStringLiteral("0");
-  return {color(QPalette::Base), color(pale ? QPalette::PlaceholderText : QPalette::Text)};
+  // What is locked is grey already, and all of it alike.
+  const bool is_enabled = option.state.testFlag(QStyle::State_Enabled);
+  if (!is_enabled || !grid.dims_zeros() || text != QStringLiteral("0")) return {base, color(QPalette::Text)};
+  return {base, mixed(color(QPalette::Text), base, pale)};
 }
 
 }  // namespace

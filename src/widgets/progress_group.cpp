@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "interact/progress.h"
+
 namespace kov {
 namespace {
 
@@ -28,6 +30,8 @@ ProgressGroup::ProgressGroup(QWidget* parent)
   break_box_ = box_around(break_button_, this);
   progress_box_->setObjectName(QStringLiteral("ProgressBox"));
   break_box_->setObjectName(QStringLiteral("BreakBox"));
+  // The first title must not change the height: who places the group asks for it in the same moment.
+  progress_box_->setTitle(QLatin1String(ProgressBox::default_title));
   bar_->setRange(0, bar_steps);
   break_button_->setToolTip(QStringLiteral("Stops the operation (Esc)"));
   // A key that is still held down from before the operation must not press it.

@@ -115,12 +115,34 @@ TEST_F(PaintedCell, ASelectionIsPalerWhereTheKeysAreNot) {
 TEST_F(PaintedCell, ZerosAreDimWhereTheGridWantsIt) {
   option.palette.setColor(QPalette::Base, Qt::white);
   option.palette.setColor(QPalette::Text, Qt::black);
-  option.palette.setColor(QPalette::PlaceholderText, QColor(180, 180, 180));
-  EXPECT_LT(darkest(paint("0", &grid)), 100);
+  EXPECT_LT(darkest(paint("0", &grid)), 60);
   grid.set_dims_zeros(true);
-  EXPECT_GE(darkest(paint("0", &grid)), 180);
-  EXPECT_LT(darkest(paint("10", &grid)), 100);
-  EXPECT_LT(darkest(paint("0i", &grid)), 100);
+  EXPECT_GE(darkest(paint("0", &grid)), 110);
+  EXPECT_LT(darkest(paint("0", &grid)), 180);
+  EXPECT_LT(darkest(paint("10", &grid)), 60);
+  EXPECT_LT(darkest(paint("0i", &grid)), 60);
+}
+
+TEST_F(PaintedCell, ADimZeroCanBeReadInADarkPaletteToo) {
+  option.palette.setColor(QPalette::Base, Qt::black);
+  option.palette.setColor(QPalette::Text, Qt::white);
+  grid.set_dims_zeros(true);
+  const QImage zero = paint("0", &grid);
+  int lightest = 0;
+  for (int x = 0; x < width; ++x) {
+    for (int y = 0; y < height; ++y) lightest = std::max(lightest, zero.pixelColor(x, y).lightness());
+  }
+  EXPECT_GT(lightest, 75);
+  EXPECT_LT(lightest, 150);
+}
+
+TEST_F(PaintedCell, WhatIsLockedIsGreyAllAlike) {
+  option.state.setFlag(QStyle::State_Enabled, false);
+  option.palette.setColor(QPalette::Disabled, QPalette::Text, QColor(150, 150, 150));
+  option.palette.setColor(QPalette::Disabled, QPalette::Base, Qt::white);
+  const int usual = darkest(paint("0", &grid));
+  grid.set_dims_zeros(true);
+  EXPECT_EQ(darkest(paint("0", &grid)), usual);
 }
 
 TEST_F(PaintedCell, ReportsThatThereIsNoGrid) {

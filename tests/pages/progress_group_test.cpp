@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QVBoxLayout>
 #include <QtTest>
 
 namespace kov {
@@ -37,6 +38,18 @@ TEST_F(ProgressGroupTest, ShowsTitleAndProgress) {
   EXPECT_EQ(percent(), 100);
   group.stop();
   EXPECT_TRUE(group.isHidden());
+}
+
+TEST(ProgressGroupInAPanel, HasItsHeightFromItsFirstMoment) {
+  QWidget panel;
+  auto* group = new ProgressGroup;
+  (new QVBoxLayout(&panel))->addWidget(group);
+  panel.show();
+  group->start();
+  group->show_progress(" Progress", 0.1);
+  const int height = panel.sizeHint().height();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(panel.sizeHint().height(), height);
 }
 
 TEST_F(ProgressGroupTest, BreakHidesItsBoxAndIsTakenOnce) {
