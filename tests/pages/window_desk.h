@@ -127,6 +127,8 @@ class WindowDesk : public ::testing::Test {
 
   std::string caption() { return window->user().progress.caption(); }
   std::string title() { return window->windowTitle().toStdString(); }
+  /// What a part of the status bar shows.
+  std::string figure(const char* name) { return window->findChild<QLabel*>(name)->text().toStdString(); }
 
  private:
   std::filesystem::path before_ = std::filesystem::current_path();
