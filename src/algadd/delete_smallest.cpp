@@ -5,6 +5,7 @@
 #include <bit>
 #include <cstddef>
 #include <limits>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -45,6 +46,20 @@ class Pass {
   Progress& progress_;
   std::string heading_;
   std::size_t total_;
+};
+
+// The panel is grey before the box opens, and has its own colour before the box closes.
+class GreyBox {
+ public:
+  GreyBox(Progress& progress, std::int64_t points)
+      : grey_(std::in_place, progress), box_(progress, 0, points) {}
+  ~GreyBox() { grey_.reset(); }
+  GreyBox(const GreyBox&) = delete;
+  GreyBox& operator=(const GreyBox&) = delete;
+
+ private:
+  std::optional<GreyPanel> grey_;
+  ProgressBox box_;
 };
 
 // Which points go: all with a size below low, and the given number of smallest ones of those with
@@ -124,8 +139,7 @@ void delete_smallest_of_nlast(Lmap& lmap, std::int32_t percent, Progress& progre
   if (lmap.empty()) return;
   const std::int32_t nlast = lmap.nlast();
   const std::size_t count = lmap.count_in_rows(nlast, nlast);
-  const GreyPanel grey(progress);
-  const ProgressBox box(progress, 0, static_cast<std::int64_t>(count));
+  const GreyBox box(progress, static_cast<std::int64_t>(count));
 
   const std::string heading = "n=nlast=" + int_text(nlast);
   const std::size_t number = part_of(count, percent);

@@ -228,7 +228,8 @@ TEST_F(StepLoopTest, TrackingBeepsBeforeTheDeletion) {
   perform_algadd(algadd, lmap, cph, keep, request, {person, person, progress});
   const auto beep = std::find(progress.log.begin(), progress.log.end(), "beep");
   ASSERT_NE(beep, progress.log.end());
-  EXPECT_EQ(*std::next(beep), "box Progress 0..10 at 0") << "that of the deletion";
+  EXPECT_EQ(*std::next(beep), "grey");
+  EXPECT_EQ(*std::next(beep, 2), "box Progress 0..10 at 0") << "that of the deletion";
   EXPECT_EQ(std::find(progress.log.begin(), beep, "box Progress 0..10 at 0"), beep);
 }
 
@@ -240,7 +241,9 @@ TEST_F(StepLoopTest, TrackingShowsTheBoxOfTheRunAgain) {
   EXPECT_EQ(progress.log, (std::vector<std::string>{
                               "box Progress 0..0 at 0",
                               "headline: D:0  Algadd: : 1=n, all lattices have 20 points, 3.520 KB used",
+                              "grey",
                               "box Progress 0..10 at 0",
+                              "own colour",
                               "box Progress 0..0 at 0",
                               "box Progress 0..0 at 0",
                               "hide",
