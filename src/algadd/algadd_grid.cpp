@@ -1,6 +1,5 @@
 #include "algadd/algadd_grid.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <string_view>
 
@@ -19,10 +18,7 @@ constexpr std::string_view characters_of_integers = "0123456789+-";
 AlgaddGrid::AlgaddGrid(Algadd& algadd, cphclass& cph, Messages& messages)
     : algadd_(algadd), cph_(cph), messages_(messages) {}
 
-int AlgaddGrid::default_column_width() const {
-  // A hand-edited configuration may hold other values.
-  return std::max(cph_.kmi("SlAlgadd_DefaultColWidth"), 1);
-}
+int AlgaddGrid::default_column_width() const { return cph_.kmi("SlAlgadd_DefaultColWidth"); }
 
 std::string AlgaddGrid::text(GridCell cell) const {
   if (cell == GridCell{0, 0}) return int_text(algadd_.aanr()) + "=aanr";
@@ -76,14 +72,15 @@ bool AlgaddGrid::key(const GridKey& key) {
       !in_table ? "" : (selected().row == p_row ? characters_of_p : characters_of_integers);
   if (passes_to_editor(key, admitted)) return false;
   const char letter = upper_character(key);
+  const int delta = step_of(key);
   if (key.name == GridKey::Name::enter) {
     leave();
   } else if (letter == 'Q') {
     turn_to_table(algadd_.aanr() == 0 ? Algadd_TableCount - 1 : algadd_.aanr() - 1);
   } else if (letter == 'W') {
     turn_to_table((algadd_.aanr() + 1) % Algadd_TableCount);
-  } else if (in_table && (letter == 'P' || letter == 'M')) {
-    step_selected(letter == 'P' ? 1 : -1);
+  } else if (in_table && delta != 0) {
+    step_selected(delta);
   } else if (key.name != GridKey::Name::escape) {
     messages_.beep();
   }
@@ -101,15 +98,12 @@ void AlgaddGrid::turn_to_table(int table) {
 void AlgaddGrid::step_selected(int delta) {
   const GridCell cell = selected();
   const std::string typed = editor_text();
-  forget_edit();
-  if (store_text(cell, typed)) {
+  end_edit([&] {
+    if (!store_text(cell, typed)) return;
     AlgaddEntry entry = entry_at(cell.column);
-    if (add(entry, cell.row, delta)) {
-      store(cell.column, entry);
-    } else {
-      messages_.beep();
-    }
-  }
+    if (!add(entry, cell.row, delta)) return messages_.beep();
+    store(cell.column, entry);
+  });
   changed();
 }
 

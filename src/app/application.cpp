@@ -6,7 +6,7 @@
 
 #include "widgets/qt_text.h"
 #include "widgets/scoped_flag.h"
-#include "workbench/error_text.h"
+#include "interact/error_text.h"
 #include "workbench/start_up.h"
 
 namespace kov {

@@ -20,4 +20,9 @@ bool passes_to_editor(const GridKey& key, std::string_view admitted) {
   }
 }
 
+int step_of(const GridKey& key) {
+  const char c = upper_character(key);
+  return c == 'P' ? 1 : c == 'M' ? -1 : 0;
+}
+
 }  // namespace kov

@@ -16,4 +16,7 @@ char upper_character(const GridKey& key);
 /// case), or any key with a name other than Enter and Esc, which every grid takes itself.
 bool passes_to_editor(const GridKey& key, std::string_view admitted);
 
+/// What a key adds to the selected cell where P and M step it: 1 for P, -1 for M, else 0.
+int step_of(const GridKey& key);
+
 }  // namespace kov

@@ -11,14 +11,16 @@ bool GridModel::contains(GridCell cell) const {
 void GridModel::select(GridCell cell) {
   if (!contains(cell) || cell == selected_) return;
   leave();
-  move_to(cell);
+  if (!contains(cell)) return;
+  selected_ = cell;
+  selection_moved();
+  changed();
 }
 
 void GridModel::move_to(GridCell cell) {
   if (!contains(cell)) return;
   edited_ = false;
   selected_ = cell;
-  selection_moved();
   changed();
 }
 
@@ -28,15 +30,22 @@ void GridModel::edit(std::string text) {
   edited_ = true;
 }
 
-void GridModel::mark_edited() {
-  if (!edited_) edit(editor_text());
-}
-
 void GridModel::leave() {
   if (!edited_) return;
-  edited_ = false;
-  take_edit(selected_, edited_text_);
+  end_edit([this] { take_edit(selected_, edited_text_); });
   changed();
+}
+
+void GridModel::end_edit(const std::function<void()>& store) {
+  const bool was_edited = edited_;
+  const GridCell cell = selected_;
+  edited_ = false;
+  try {
+    store();
+  } catch (...) {
+    edited_ = was_edited && cell == selected_;
+    throw;
+  }
 }
 
 void GridModel::press(const GridKey& pressed) {
@@ -49,7 +58,7 @@ void GridModel::press(const GridKey& pressed) {
       edit(editor_text().substr(0, editor_text().empty() ? 0 : editor_text().size() - 1));
       break;
     case GridKey::Name::tab:
-      move_by_tab();
+      select_next(true);
       break;
     case GridKey::Name::up:
       if (selected_.row > fixed_rows()) select({selected_.column, selected_.row - 1});
@@ -62,12 +71,14 @@ void GridModel::press(const GridKey& pressed) {
   }
 }
 
-void GridModel::move_by_tab() {
-  if (selected_.column + 1 < column_count()) {
-    select({selected_.column + 1, selected_.row});
-  } else {
-    select({fixed_columns(), selected_.row + 1});
-  }
+bool GridModel::select_next(bool forward) {
+  GridCell next = selected_;
+  next.column += forward ? 1 : -1;
+  if (next.column >= column_count()) next = {fixed_columns(), selected_.row + 1};
+  if (next.column < fixed_columns()) next = {column_count() - 1, selected_.row - 1};
+  if (!contains(next) || (!forward && next.row < fixed_rows())) return false;
+  select(next);
+  return true;
 }
 
 void GridModel::click(GridClick click, GridCell cell) {

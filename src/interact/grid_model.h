@@ -69,13 +69,16 @@ class GridModel {
   GridCell selected() const { return selected_; }
   /// Takes an edit of the cell that is left, then selects another; cells outside the grid are ignored.
   void select(GridCell cell);
+  /// Selects the cell behind or before the selected one, row by row, as Tab and Shift+Tab do. False, with
+  /// nothing done: there is none.
+  bool select_next(bool forward);
 
   /// The editor's text: as edited, else the selected cell's.
   std::string editor_text() const { return edited_ ? edited_text_ : text(selected_); }
   bool edited() const { return edited_; }
   /// The editor's text has become this.
   void edit(std::string text);
-  /// The grid is left: takes an edit.
+  /// The grid is left: takes an edit. Where that throws the text stays in the editor.
   void leave();
   /// Forgets an edit: the editor shows the cell's text again.
   void give_up_edit() {
@@ -100,13 +103,15 @@ class GridModel {
  protected:
   /// Takes the edited text of a cell, or refuses it with a beep. The cell is not edited any more.
   virtual void take_edit(GridCell, const std::string&) {}
-  /// Another cell was selected.
+  /// Another cell was selected by a person.
   virtual void selection_moved() {}
   virtual void clicked(GridClick, GridCell) {}
 
-  void mark_edited();
   void forget_edit() { edited_ = false; }
-  /// Moves the selection without taking an edit.
+  /// Does what stores the text of the editor, which is no edit any more meanwhile, nor afterwards. Where
+  /// store throws it is one again, unless another cell is selected by then.
+  void end_edit(const std::function<void()>& store);
+  /// Moves the selection by itself, which is no selecting of a person's: an edit is given up.
   void move_to(GridCell cell);
   void changed() const {
     if (changed_) changed_();
@@ -114,7 +119,6 @@ class GridModel {
 
  private:
   bool contains(GridCell cell) const;
-  void move_by_tab();
 
   GridCell selected_{1, 1};
   bool edited_ = false;

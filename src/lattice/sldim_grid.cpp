@@ -4,14 +4,13 @@
 #include <string_view>
 
 #include "interact/grid_keys.h"
-#include "lattice/slice_keys.h"
 #include "text/integers.h"
 #include "text/tokens.h"
 
 namespace kov {
 namespace {
 
-constexpr std::string_view size_characters = "1234567890+-\t\b";
+constexpr std::string_view offset_characters = "1234567890+-\t\b";
 
 std::optional<std::int32_t> offset_from_text(std::string_view text) { return parse_int32(trimmed(text)); }
 
@@ -51,7 +50,7 @@ std::string SldimGrid::hint(GridCell cell) const {
 }
 
 bool SldimGrid::key(const GridKey& key) {
-  if (passes_to_editor(key, size_characters)) return false;
+  if (passes_to_editor(key, offset_characters)) return false;
   const int delta = step_of(key);
   const char letter = upper_character(key);
   if (letter == 'X') {

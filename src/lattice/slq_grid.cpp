@@ -5,7 +5,6 @@
 #include <string_view>
 
 #include "interact/grid_keys.h"
-#include "lattice/slice_keys.h"
 #include "text/integers.h"
 
 namespace kov {
@@ -30,7 +29,7 @@ SlqGrid::SlqGrid(const SliceView& view, Lmap& lmap, const cphclass& cph, Message
 void SlqGrid::show() {
   column_count_ = std::clamp(cph_.kmi("Slq_ColCount"), fewest_columns_or_rows, most_columns);
   row_count_ = std::clamp(cph_.kmi("Slq_RowCount"), fewest_columns_or_rows, most_rows);
-  default_column_width_ = std::max(cph_.kmi("Slq_DefaultColWidth"), 1);
+  default_column_width_ = cph_.kmi("Slq_DefaultColWidth");
   const GridCell inside{std::min(selected().column, column_count_ - 1),
                         std::min(selected().row, row_count_ - 1)};
   move_to(inside);
@@ -113,13 +112,16 @@ void SlqGrid::store_selected(std::int32_t delta) {
     return;
   }
   quantity->re += delta;
-  forget_edit();
-  store(selected(), *quantity);
+  end_edit([&] { store(selected(), *quantity); });
   changed();
 }
 
 void SlqGrid::store(GridCell cell, const cotyp& quantity) {
   lmap_.set(key_at(cell), quantity);
+  if (lattice_changed_) lattice_changed_();
+}
+
+void SlqGrid::selection_moved() {
   if (lattice_changed_) lattice_changed_();
 }
 

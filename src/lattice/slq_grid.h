@@ -45,14 +45,15 @@ class SlqGrid final : public GridModel {
   /// Empty for headings.
   std::string hint(GridCell cell) const;
 
-  /// Called when a cell was stored and at the end of a redisplay, but not by show(): the status line and
-  /// what another active page shows are to be renewed.
+  /// Called when a cell was stored, when another one was selected and at the end of a redisplay, but not by
+  /// show(): the status line and what another active page shows are to be renewed.
   void set_lattice_changed(std::function<void()> lattice_changed) {
     lattice_changed_ = std::move(lattice_changed);
   }
 
  protected:
   void take_edit(GridCell cell, const std::string& text) override;
+  void selection_moved() override;
 
  private:
   std::string heading(GridCell cell) const;

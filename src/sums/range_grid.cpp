@@ -40,8 +40,7 @@ void RangeGrid::letter(char letter) {
   if (letters.find(letter) == std::string_view::npos) return user_.messages.beep();
   refused_ = false;
   leave();
-  const bool steps = letter == 'P' || letter == 'M';
-  if (steps && refused_) return;
+  if (refused_ && step_of(GridKey::of(letter)) != 0) return;
   if (change_table(letter)) return page_.range_changed(user_);
   user_.messages.beep();
 }
@@ -62,11 +61,12 @@ bool RangeGrid::choose_table(char letter) {
 }
 
 bool RangeGrid::change_bound(char letter) {
-  if (letter != 'P' && letter != 'M') return false;
+  const int step = step_of(GridKey::of(letter));
+  if (step == 0) return false;
   const auto place = Slds1_bound(selected().column, selected().row);
   if (!place) return false;
   RangeTable& table = tables_.current_table();
-  follow(letter == 'P' ? increase_bound(table, *place) : decrease_bound(table, *place));
+  follow(step > 0 ? increase_bound(table, *place) : decrease_bound(table, *place));
   return true;
 }
 
@@ -109,15 +109,10 @@ void RangeGrid::take_edit(GridCell cell, const std::string& edited) {
 void RangeGrid::follow(const BoundEdit& edit) {
   if (edit.beep) user_.messages.beep();
   const GridCell cell{Slds1_column(edit.cursor), selected().row};
-  if (cell == selected()) return;
-  following_ = true;
-  move_to(cell);
-  following_ = false;
+  if (cell != selected()) move_to(cell);
 }
 
-void RangeGrid::selection_moved() {
-  if (!following_) page_.range_changed(user_);
-}
+void RangeGrid::selection_moved() { page_.range_changed(user_); }
 
 void RangeGrid::clicked(GridClick click, GridCell) {
   if (click == GridClick::right) page_.open_menu();

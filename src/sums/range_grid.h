@@ -46,14 +46,13 @@ class RangeGrid final : public GridModel {
   bool change_axes(char letter);
   bool change_bound(char letter);
   bool choose_table(char letter);
+  /// A move of the cursor is part of the edit: the key or the selection that took the edit tells the page.
   void follow(const BoundEdit& edit);
 
   RangeTables& tables_;
   Sums1Page& page_;
   cphclass& cph_;
   User user_;
-  /// While the cursor moves because of an edit: the key or the selection that took the edit tells the page.
-  bool following_ = false;
   /// The last edit was no bound.
   bool refused_ = false;
 };

@@ -7,7 +7,7 @@
 #include "numbers/errors.h"
 #include "text/tokens.h"
 #include "workbench/command_groups.h"
-#include "workbench/error_text.h"
+#include "interact/error_text.h"
 
 namespace kov {
 namespace {

@@ -57,10 +57,6 @@ TEST_F(AlgaddGridTest, TakesTheColumnWidthFromItsParameter) {
   cph_.setkmi_1("SlAlgadd_DefaultColWidth", 77);
   EXPECT_EQ(grid_.default_column_width(), 77);
   EXPECT_EQ(grid_.column_width(0), 77);
-  Kmap widened = cph_.kmap();
-  widened.at("SlAlgadd_DefaultColWidth").i = -5;
-  cph_.restore(widened);
-  EXPECT_EQ(grid_.default_column_width(), 1);
 }
 
 TEST_F(AlgaddGridTest, HintsAtTheRuleOfAnEntry) {

@@ -29,5 +29,12 @@ TEST(GridKeys, OnlyEnterAndEscapeAreKeptFromEditorAndSelection) {
   EXPECT_FALSE(passes_to_editor({escape}, "1E"));
 }
 
+TEST(GridKeys, PAndMStepInEitherCase) {
+  for (const char c : {'P', 'p'}) EXPECT_EQ(step_of(GridKey::of(c)), 1);
+  for (const char c : {'M', 'm'}) EXPECT_EQ(step_of(GridKey::of(c)), -1);
+  for (const char c : {'Q', '+', '-', '\0'}) EXPECT_EQ(step_of(GridKey::of(c)), 0);
+  EXPECT_EQ(step_of({GridKey::Name::enter}), 0);
+}
+
 }  // namespace
 }  // namespace kov

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <new>
 #include <vector>
 
 namespace kov {
@@ -23,10 +24,16 @@ class RecordingGrid final : public GridModel {
     return true;
   }
 
+  using GridModel::move_to;
+
   std::vector<std::string> events;
+  bool fails = false;
+  bool moves_and_fails = false;
 
  protected:
   void take_edit(GridCell cell, const std::string& edited) override {
+    if (moves_and_fails) move_to({2, 1});
+    if (fails || moves_and_fails) throw std::bad_alloc();
     events.push_back("take " + text(cell) + " " + edited);
   }
   void selection_moved() override { events.push_back("moved"); }
@@ -93,6 +100,53 @@ TEST(GridModel, TabUpAndDownMoveTheSelection) {
   EXPECT_EQ(after(GridKey::Name::down), (GridCell{1, 2}));
   EXPECT_EQ(after(GridKey::Name::up), (GridCell{1, 1}));
   EXPECT_EQ(after(GridKey::Name::up), (GridCell{1, 1}));
+}
+
+TEST(GridModel, TheNextCellIsFoundRowByRowInBothDirections) {
+  RecordingGrid grid;
+  EXPECT_FALSE(grid.select_next(false));
+  EXPECT_EQ(grid.selected(), (GridCell{1, 1}));
+  grid.select({2, 1});
+  EXPECT_TRUE(grid.select_next(true));
+  EXPECT_EQ(grid.selected(), (GridCell{1, 2}));
+  EXPECT_TRUE(grid.select_next(false));
+  EXPECT_EQ(grid.selected(), (GridCell{2, 1}));
+  grid.select({2, 2});
+  EXPECT_FALSE(grid.select_next(true));
+  EXPECT_EQ(grid.selected(), (GridCell{2, 2}));
+}
+
+TEST(GridModel, ATextThatCannotBeStoredStaysInTheEditor) {
+  RecordingGrid grid;
+  grid.fails = true;
+  grid.edit("x");
+  EXPECT_THROW(grid.leave(), std::bad_alloc);
+  EXPECT_THROW(grid.select({2, 2}), std::bad_alloc);
+  EXPECT_EQ(grid.selected(), (GridCell{1, 1}));
+  EXPECT_TRUE(grid.edited());
+  EXPECT_EQ(grid.editor_text(), "x");
+  grid.fails = false;
+  grid.leave();
+  EXPECT_EQ(grid.events, (Events{"take 1,1 x"}));
+  EXPECT_FALSE(grid.edited());
+}
+
+TEST(GridModel, ATextIsNeverLeftInAnotherCell) {
+  RecordingGrid grid;
+  grid.moves_and_fails = true;
+  grid.edit("x");
+  EXPECT_THROW(grid.leave(), std::bad_alloc);
+  EXPECT_EQ(grid.selected(), (GridCell{2, 1}));
+  EXPECT_FALSE(grid.edited());
+}
+
+TEST(GridModel, AMoveByTheGridItselfIsNoSelecting) {
+  RecordingGrid grid;
+  grid.edit("x");
+  grid.move_to({2, 2});
+  EXPECT_EQ(grid.selected(), (GridCell{2, 2}));
+  EXPECT_FALSE(grid.edited());
+  EXPECT_EQ(grid.events, Events{});
 }
 
 TEST(GridModel, AClickSelectsTheCellFirst) {

@@ -4,6 +4,7 @@
 
 #include <limits>
 
+#include "support/failing_allocation.h"
 #include "support/points_text.h"
 #include "support/recording_messages.h"
 #include "text/integers.h"
@@ -74,16 +75,25 @@ TEST_F(SlqGridTest, ReadsTheParametersWhenItIsShown) {
 TEST_F(SlqGridTest, KeepsToTheCataloguesCountsWhateverAFileSays) {
   configure("Slq_ColCount", -5);
   configure("Slq_RowCount", 0);
-  configure("Slq_DefaultColWidth", -1);
   grid_.show();
   EXPECT_EQ(grid_.column_count(), 2);
   EXPECT_EQ(grid_.row_count(), 2);
-  EXPECT_EQ(grid_.default_column_width(), 1);
   configure("Slq_ColCount", highest_int);
   configure("Slq_RowCount", highest_int);
   grid_.show();
   EXPECT_EQ(grid_.column_count(), 1000);
   EXPECT_EQ(grid_.row_count(), 2000);
+}
+
+TEST_F(SlqGridTest, ASelectionThatMovesTellsOfTheLattice) {
+  grid_.select({2, 3});
+  EXPECT_EQ(lattice_changes_, 1);
+  grid_.select({2, 3});
+  EXPECT_EQ(lattice_changes_, 1);
+  cph_.setkmi_1("Slq_RowCount", 2);
+  grid_.show();  // the cell goes along with the rows
+  EXPECT_EQ(lattice_changes_, 1);
+  EXPECT_TRUE(lmap_.empty());
 }
 
 TEST_F(SlqGridTest, KeepsTheSelectedCellInsideWhenItBecomesSmaller) {
@@ -152,7 +162,7 @@ TEST_F(SlqGridTest, StoresWhatWasTypedWhenTheSelectionLeaves) {
   }
   EXPECT_EQ(lmap_.count(), 1u);
   EXPECT_EQ(messages_.beeps, 0);
-  EXPECT_EQ(lattice_changes_, 4);
+  EXPECT_EQ(lattice_changes_, 4 + 8) << "stores and selections";
 }
 
 TEST_F(SlqGridTest, TypingZeroDeletesThePoint) {
@@ -310,7 +320,29 @@ TEST_F(SlqGridTest, HeadingsTakeNoQuantity) {
     EXPECT_EQ(messages_.beeps, 3);
   }
   EXPECT_TRUE(lmap_.empty());
-  EXPECT_EQ(lattice_changes_, 0);
+  EXPECT_EQ(lattice_changes_, 3) << "the selections";
+}
+
+TEST_F(SlqGridTest, ATextThatMemoryDoesNotSufficeForStaysInTheEditor) {
+  for (const GridKey& key : {GridKey{Name::enter}, GridKey::of('P')}) {
+    std::int64_t failures = 0;
+    for (bool failed = true; failed;) {
+      lmap_ = Lmap();
+      grid_.edit("5");
+      try {
+        const FailingAllocation failing(failures + 1);
+        grid_.key(key);
+        failed = failing.happened();
+      } catch (const std::bad_alloc&) {
+        ++failures;
+        EXPECT_TRUE(grid_.edited());
+        EXPECT_EQ(grid_.editor_text(), "5");
+        EXPECT_TRUE(lmap_.empty());
+      }
+    }
+    EXPECT_GT(failures, 0);
+    EXPECT_FALSE(grid_.edited());
+  }
 }
 
 TEST_F(SlqGridTest, ARedisplayRefreshesTheOtherPagesButShowingDoesNot) {

@@ -49,10 +49,7 @@ class FakeGrid final : public GridModel {
     if (during_key) during_key();
     if (key.name == GridKey::Name::enter) return takes_enter;
     if (key.name != GridKey::Name::character) return false;
-    if (key.character >= '0' && key.character <= '9') {
-      mark_edited();
-      return false;
-    }
+    if (key.character >= '0' && key.character <= '9') return false;
     if (key.character == 'P') {
       typed[{selected().column, selected().row}] = int_text(*parse_int32(text(selected())) + 1);
       changed();

@@ -1,4 +1,4 @@
-#include "workbench/error_text.h"
+#include "interact/error_text.h"
 
 #include <exception>
 #include <new>
