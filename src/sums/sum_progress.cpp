@@ -4,12 +4,12 @@
 
 namespace kov {
 
-std::string sum_progress_text(std::int64_t point, std::int64_t count) {
-  return "lattice point " + int_text(point) + " of " + int_text(count) + " summed up";
+std::string sum_progress_text(std::int64_t point, std::int64_t count, std::string_view done) {
+  return "lattice point " + int_text(point) + " of " + int_text(count) + " " + std::string(done);
 }
 
 bool SumProgress::display() {
-  progress_.headline(sum_progress_text(point_, count_));
+  progress_.headline(sum_progress_text(point_, count_, done_));
   box_.at(point_);
   next_display_ += display_step_;
   return !progress_.break_requested();
