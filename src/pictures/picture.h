@@ -50,8 +50,7 @@ struct PictureText {
   bool upwards = false;
 };
 
-/// A block of pixels as computed, 0xffRRGGBB, row by row from its upper left one; one whose highest eight
-/// bits are 0 shows what lies below.
+/// A block of width * height opaque pixels as computed, 0xffRRGGBB, row by row from its upper left one.
 struct Raster {
   int left = 0, top = 0, width = 0, height = 0;
   std::vector<std::uint32_t> pixels;
@@ -65,7 +64,7 @@ struct Note {
 };
 
 /// A drawing as a value: computed and tested without a window, painted alike on a page, into a file and
-/// onto the clipboard. Painted in the order of its members, each list from front to back, and cut at its
+/// onto the clipboard. Painted in the order of its members, each list from its front, and cut at its
 /// own edges.
 struct Picture {
   int width = 0, height = 0;
