@@ -20,7 +20,8 @@ std::string fitted_text(std::string_view text, double room, double size, const T
 
 /// Height of the band that a title needs above everything else.
 double title_height(const TextMeasure& measure);
-/// The title, over the plot, at the top of the picture; a long one is cut to the picture's width.
+/// The title, above the plot, at the top of the picture; a long one is cut to the picture's width. None where
+/// the plot leaves no room for it.
 void draw_title(Picture& picture, const PlotArea& area, std::string_view title, const TextMeasure& measure);
 
 /// A curve of a legend: a sample of its line, and its name.
@@ -51,7 +52,8 @@ struct ColourField {
 /// digits, whatever their values.
 double colour_legend_width(int digits, const TextMeasure& measure);
 /// Draws the fields to the right of the plot, the first one at its lower end. Where the fields are lower
-/// than a text, only every second, fourth, fifth, tenth or twentieth has its text.
+/// than a text, only every second, fourth, fifth, tenth or twentieth has its text. Nothing where the plot
+/// leaves no room.
 void draw_colour_legend(Picture& picture, const PlotArea& area, std::span<const ColourField> fields,
                         const TextMeasure& measure);
 
