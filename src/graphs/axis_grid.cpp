@@ -69,7 +69,7 @@ Margins axis_margins(const GridOptions& options, const TextMeasure& measure) {
   const double text = std::ceil(measure.height(graph_text_size));
   const double number = number_room(options.digits, measure);
   const double half_text = std::ceil(text / 2);
-  return {outer_gap + text + name_gap + number + number_gap, std::ceil(number / 2) + outer_gap,
+  return {outer_gap + text + number_gap + number + number_gap, std::ceil(number / 2) + outer_gap,
           half_text + outer_gap, half_text + name_gap + text + name_gap + text + outer_gap};
 }
 
@@ -149,10 +149,12 @@ class GridPainter {
       line({area_.left, y}, {right(), y}, look_.line, look_.style);
       line({area_.left - tick_length, y}, {area_.left, y}, look_.frame);
     }
+    double widest = 0;
     for (const PlacedNumber& number : thinned(y_numbers(axis, ticks))) {
       text({area_.left - number_gap, number.centre}, Anchor::right, number.text);
+      widest = std::max(widest, std::ceil(measure_.width(number.text, graph_text_size)));
     }
-    draw_y_name(axis.name);
+    draw_y_name(axis.name, area_.left - number_gap - widest - number_gap);
   }
 
   void draw_frame() {
@@ -209,9 +211,8 @@ class GridPainter {
     text({area_.left + area_.width / 2, top + text_height_ / 2}, Anchor::centre, fitted);
   }
 
-  /// Left of the room for the numbers, as far as the widest of them reaches.
-  void draw_y_name(const std::string& name) {
-    const double right_edge = area_.left - number_gap - number_room(options_.digits, measure_) - name_gap;
+  /// Running upwards, its lower side there.
+  void draw_y_name(const std::string& name, double right_edge) {
     if (right_edge < text_height_) return;
     const std::string fitted = fitted_text(name, area_.height, graph_text_size, measure_);
     if (fitted.empty()) return;

@@ -9,6 +9,25 @@
 
 namespace kov {
 
+namespace {
+
+void drop_message(QtMsgType, const QMessageLogContext&, const QString&) {}
+
+/// As long as it lives, remarks of the library on the environment (a session's folder that is not set, say)
+/// stay away from standard error, which belongs to reports. What is fatal still ends the process.
+class QuietLibrary {
+ public:
+  QuietLibrary() : before_(qInstallMessageHandler(drop_message)) {}
+  ~QuietLibrary() { qInstallMessageHandler(before_); }
+  QuietLibrary(const QuietLibrary&) = delete;
+  QuietLibrary& operator=(const QuietLibrary&) = delete;
+
+ private:
+  QtMessageHandler before_;
+};
+
+}  // namespace
+
 /// An application object on no screen, with the arguments that it keeps looking into.
 class FilePictureWriter::Application {
  public:
@@ -21,6 +40,7 @@ class FilePictureWriter::Application {
   std::string program_ = "kovbatch", option_ = "-platform", platform_ = "offscreen";
   std::array<char*, 4> arguments_{program_.data(), option_.data(), platform_.data(), nullptr};
   int count_ = 3;
+  QuietLibrary quiet_;
   QGuiApplication application_;
 };
 

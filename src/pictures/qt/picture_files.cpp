@@ -10,6 +10,7 @@
 #include <array>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "pictures/qt/picture_painter.h"
 #include "pictures/qt/utf8_text.h"
@@ -19,6 +20,27 @@ namespace {
 
 void require_pixels(const Picture& picture) {
   if (picture.width < 1 || picture.height < 1) throw picture_error("A picture without pixels");
+}
+
+/// What an SVG viewer takes for the inch, so that pixels stay pixels.
+constexpr int pixels_per_inch = 96;
+
+/// Title and description of an SVG file.
+QByteArray notes_as_elements(const std::vector<Note>& notes) {
+  if (notes.empty()) return {};
+  QString description;
+  for (const Note& note : notes) description += from_utf8(note.name + ": " + note.text + "\n");
+  return "<title>" + from_utf8(notes.front().text).toHtmlEscaped().toUtf8() + "</title>\n<desc>" +
+         description.toHtmlEscaped().toUtf8() + "</desc>";
+}
+
+/// Puts them in the place of the generator's own title and description, which stand before anything else and
+/// go into the file as they are, "<" and "&" included.
+void replace_description(QByteArray& bytes, const QByteArray& elements) {
+  static constexpr char first[] = "<title>", last[] = "</desc>";
+  const qsizetype begin = bytes.indexOf(first);
+  const qsizetype end = bytes.indexOf(last, begin) + qsizetype{sizeof last} - 1;
+  bytes.replace(begin, end - begin, elements);
 }
 
 struct Format {
@@ -63,16 +85,16 @@ QByteArray svg_bytes(const Picture& picture) {
   QByteArray bytes;
   QBuffer buffer(&bytes);
   QSvgGenerator generator;
+  generator.setTitle(QStringLiteral("title"));
+  generator.setDescription(QStringLiteral("description"));
   generator.setOutputDevice(&buffer);
   generator.setSize(QSize(picture.width, picture.height));
   generator.setViewBox(QRect(0, 0, picture.width, picture.height));
-  QString description;
-  for (const Note& note : picture.notes) description += from_utf8(note.name + ": " + note.text + "\n");
-  if (!picture.notes.empty()) generator.setTitle(from_utf8(picture.notes.front().text));
-  generator.setDescription(description);
+  generator.setResolution(pixels_per_inch);
   QPainter painter(&generator);
   paint_picture(painter, picture);
   painter.end();
+  replace_description(bytes, notes_as_elements(picture.notes));
   return bytes;
 }
 

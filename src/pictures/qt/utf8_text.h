@@ -5,9 +5,8 @@
 
 namespace kov {
 
-/// Texts of pictures are UTF-8; what is not stands as replacement characters.
-inline QString from_utf8(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
+/// Texts of pictures are UTF-8. What is not, and what no XML file may contain, stands as a replacement
+/// character.
+QString from_utf8(std::string_view text);
 
 }  // namespace kov
