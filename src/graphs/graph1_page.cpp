@@ -77,6 +77,8 @@ void Graph1Page::calculate() {
              .table_index = sources_.tables.current_index(),
              .divmode = sources_.cph.kmi("Graph1_divmode"),
              .file_name = sources_.file_name()};
+  calculated_width_ = width_;
+  calculated_height_ = height_;
   const G1Task task{sources_.lmap, origin_.table, sources_.cph, sources_.checked, width_, height_};
   outcome_ = calculate_and_report(task, par_, messages_, progress_);
 }
@@ -97,10 +99,14 @@ void Graph1Page::fit(int width, int height, const TextMeasure& measure) {
   set_image_size(static_cast<int>(area.width), static_cast<int>(area.height));
 }
 
+/// The height matters to no column, but an image without any has none.
+bool Graph1Page::fits_calculation() const {
+  return width_ == calculated_width_ && (height_ > 0) == (calculated_height_ > 0);
+}
+
 Picture Graph1Page::picture(int width, int height, const TextMeasure& measure) {
-  const int calculated_width = width_;
   fit(width, height, measure);
-  if (width_ != calculated_width) show();
+  if (!fits_calculation()) show();
   if (!drawn()) return label_picture(width, height, label(), measure);
   return graph1_picture(view(), width, height, measure, messages_);
 }

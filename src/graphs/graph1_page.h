@@ -50,9 +50,9 @@ class Graph1Page {
   /// Likewise, as the part of a picture of this size that title, legend and axes leave.
   void fit(int width, int height, const TextMeasure& measure);
 
-  /// The page as a picture: the drawing, or the label where nothing is drawn. A size that leaves the image
-  /// another width than the last calculation had calculates anew; who is about to show the page calls
-  /// fit() before. While a calculation runs nothing is drawn.
+  /// The page as a picture: the drawing, or the label where nothing is drawn. Calculates anew when this size
+  /// gives the image another width than that of the last calculation; who is about to show the page calls
+  /// fit() first, so that it is calculated once. While a calculation runs nothing is drawn.
   Picture picture(int width, int height, const TextMeasure& measure);
   /// The numbers behind it: a row for each column that holds a point of a range that is drawn. Columns: the
   /// smallest x value, then every curve that is drawn. Empty where nothing is drawn.
@@ -73,6 +73,7 @@ class Graph1Page {
  private:
   void calculate();
   void draw();
+  bool fits_calculation() const;
   G1View view() const;
   bool any_checked() const;
 
@@ -81,6 +82,9 @@ class Graph1Page {
   Progress& progress_;
   int width_ = 1000;
   int height_ = 700;
+  /// Those of the last calculation.
+  int calculated_width_ = -1;
+  int calculated_height_ = -1;
   G1Par par_;
   G1Origin origin_;
   G1Outcome outcome_ = G1Outcome::store_empty;

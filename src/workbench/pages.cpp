@@ -39,13 +39,15 @@ struct ShownParameters {
 };
 
 // clang-format off
-constexpr std::array<ShownParameters, 6> shown_parameters{{
+constexpr std::array<ShownParameters, 8> shown_parameters{{
     {"Slq_",      Page::lattices},
     {"SlAlgadd_", Page::algadd},
     {"Sums_",     Page::sums1},
     {"Sums1_",    Page::sums1},
     {"Sums_",     Page::sums2},
     {"Sums2_",    Page::sums2},
+    {"Graph_",    Page::graph1},
+    {"Graph1_",   Page::graph1},
 }};
 // clang-format on
 
@@ -67,7 +69,14 @@ Pages::Pages(Workbench& workbench, User user)
       slds1_(workbench.document.ranges, workbench.sums1, workbench.document.cph, user),
       slsums1_(workbench.sums1, workbench.document.cph, user),
       slsums2_(workbench.document.lmap, workbench.document.cph, user),
-      config_(workbench.document.cph, workbench.window, user.messages) {
+      config_(workbench.document.cph, workbench.window, user.messages),
+      graph1_({.lmap = workbench.document.lmap,
+               .tables = workbench.document.ranges,
+               .cph = workbench.document.cph,
+               .checked = workbench.graph1_checked,
+               .oplot = workbench.graph1_overlay,
+               .file_name = [&workbench] { return workbench.file.chosen ? workbench.file.name() : ""; }},
+              user.messages, user.progress) {
   wire_lattice_grids();
   wire_algadd_grid();
   workbench_.sums1.set_changed([this] {
@@ -129,8 +138,12 @@ void Pages::leave_grids() {
 }
 
 void Pages::refresh() {
+  redisplay([this] { show_active_page(); });
+}
+
+void Pages::redisplay(const std::function<void()>& show) {
   try {
-    show_active_page();
+    show();
   } catch (const std::bad_alloc&) {
     user_.messages.error("Not enough memory to redisplay the page.");
   }
@@ -152,8 +165,9 @@ void Pages::show_active_page() {
       return slsums2_.show();
     case Page::config:
       return config_.show();
-    case Page::comment:
     case Page::graph1:
+      return graph1_.show();
+    case Page::comment:
     case Page::graph2:
       return;
   }
@@ -178,6 +192,7 @@ void Pages::algadd_changed() {
 void Pages::ranges_changed() {
   slds1_.give_up_edit();
   show_config_if_active();
+  if (is_active(Page::graph1)) return refresh();
   changed();
 }
 
@@ -187,9 +202,22 @@ void Pages::parameter_changed(std::string_view keyword) {
   if (keyword == "Sums1_DefaultTableIndex") slds1_.give_up_edit();
   if (keyword == "Sums1_DefaultTableIndex" && is_active(Page::sums1)) {
     workbench_.sums1.range_changed(user_);
-  } else if (shows(static_cast<Page>(workbench_.active_page), keyword)) {
+  } else if (shows(static_cast<Page>(workbench_.active_page), keyword) ||
+             (keyword == "Sums1_DefaultTableIndex" && is_active(Page::graph1))) {
     refresh();
   }
+  changed();
+}
+
+void Pages::graph1_box_changed() {
+  show_config_if_active();
+  if (is_active(Page::graph1)) return redisplay([this] { graph1_.check_box_changed(); });
+  changed();
+}
+
+void Pages::graph1_oplot_changed() {
+  show_config_if_active();
+  if (is_active(Page::graph1)) return redisplay([this] { graph1_.oplot_changed(); });
   changed();
 }
 
@@ -213,6 +241,8 @@ std::string Pages::label(Page page) const {
       return workbench_.sums1.label();
     case Page::sums2:
       return slsums2_.sums2().label();
+    case Page::graph1:
+      return graph1_.label();
     default:
       return {};
   }

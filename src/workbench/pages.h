@@ -8,6 +8,7 @@
 
 #include "algadd/algadd_grid.h"
 #include "config/config_grid.h"
+#include "graphs/graph1_page.h"
 #include "interact/grid_model.h"
 #include "interact/user.h"
 #include "lattice/list_grid.h"
@@ -52,8 +53,8 @@ class Pages : private Display {
   /// Takes the edit under way in the grid that has one, as leaving it does; before a command runs.
   void leave_grids();
 
-  /// The text that a page shows behind or beside its grid: "Sums1", "Sums2", "Algadd" (the table menu's
-  /// summary); empty where there is none or for another page.
+  /// The text that a page shows behind or beside its grid or picture: "Sums1", "Sums2", "Graph1", "Algadd"
+  /// (the table menu's summary); empty where there is none or for another page.
   std::string label(Page page) const;
 
   /// Called whenever what stands around the grids may have changed: which page is active, a menu of a
@@ -68,6 +69,7 @@ class Pages : private Display {
   Sums1Grid& slsums1() { return slsums1_; }
   Sums2Grid& slsums2() { return slsums2_; }
   ConfigGrid& config() { return config_; }
+  Graph1Page& graph1() { return graph1_; }
 
  private:
   void page_chosen() override;
@@ -75,6 +77,8 @@ class Pages : private Display {
   void algadd_changed() override;
   void ranges_changed() override;
   void parameter_changed(std::string_view keyword) override;
+  void graph1_box_changed() override;
+  void graph1_oplot_changed() override;
   void document_changed() override;
 
   void wire_lattice_grids();
@@ -82,6 +86,8 @@ class Pages : private Display {
   bool is_active(Page page) const { return workbench_.active_page == static_cast<int>(page); }
   void show_active_page();
   void show_sums1();
+  /// A redisplay of one page, which a lack of memory must not leave.
+  void redisplay(const std::function<void()>& show);
   /// After what may also have set a parameter.
   void show_config_if_active();
   /// A cell of the slice was stored, or the slice is another one.
@@ -104,6 +110,7 @@ class Pages : private Display {
   Sums1Grid slsums1_;
   Sums2Grid slsums2_;
   ConfigGrid config_;
+  Graph1Page graph1_;
   std::function<void()> changed_;
 };
 
