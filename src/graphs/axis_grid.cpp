@@ -127,7 +127,7 @@ class GridPainter {
         look_(look),
         text_height_(std::ceil(measure.height(graph_text_size))) {}
 
-  void draw_x(const Axis& axis) {
+  void draw_x(const PlotAxis& axis) {
     const auto ticks = ticks_of(axis, options_.lines_x, area_.width);
     for (const Tick& tick : ticks) {
       const double x = pixel_middle(area_.left, area_.width, tick.place);
@@ -142,7 +142,7 @@ class GridPainter {
     draw_x_name(axis.name, top + text_height_ + name_gap);
   }
 
-  void draw_y(const Axis& axis) {
+  void draw_y(const PlotAxis& axis) {
     const auto ticks = ticks_of(axis, options_.lines_y, area_.height);
     for (const Tick& tick : ticks) {
       const double y = pixel_middle(area_.top, area_.height, 1 - tick.place);
@@ -171,12 +171,12 @@ class GridPainter {
   double right() const { return area_.left + area_.width; }
   double bottom() const { return area_.top + area_.height; }
 
-  std::vector<Tick> ticks_of(const Axis& axis, int wanted, double length) const {
+  std::vector<Tick> ticks_of(const PlotAxis& axis, int wanted, double length) const {
     const int most = static_cast<int>(length / nearest_lines);
     return axis_ticks(axis.from, axis.to, {std::min(wanted, most), axis.whole, options_.round_values});
   }
 
-  std::vector<PlacedNumber> x_numbers(const Axis& axis, const std::vector<Tick>& ticks) const {
+  std::vector<PlacedNumber> x_numbers(const PlotAxis& axis, const std::vector<Tick>& ticks) const {
     const double room = number_room(options_.digits, measure_);
     const auto fits = [&](const std::string& text) { return measure_.width(text, graph_text_size) <= room; };
     const auto texts = tick_numbers(ticks, axis.whole, options_.digits, fits);
@@ -190,7 +190,7 @@ class GridPainter {
     return numbers;
   }
 
-  std::vector<PlacedNumber> y_numbers(const Axis& axis, const std::vector<Tick>& ticks) const {
+  std::vector<PlacedNumber> y_numbers(const PlotAxis& axis, const std::vector<Tick>& ticks) const {
     const double room = std::min(number_room(options_.digits, measure_), area_.left - number_gap);
     const auto fits = [&](const std::string& text) { return measure_.width(text, graph_text_size) <= room; };
     const auto texts = tick_numbers(ticks, axis.whole, options_.digits, fits);
@@ -255,7 +255,7 @@ PlotArea plot_area(int width, int height, const GridOptions& options, const Text
   return {axes.left, top, plot_width, plot_height};
 }
 
-void DrawGrid(Picture& picture, const PlotArea& area, const Axis& x, const Axis& y,
+void DrawGrid(Picture& picture, const PlotArea& area, const PlotAxis& x, const PlotAxis& y,
               const GridOptions& options, const TextMeasure& measure, Messages& messages) {
   GridPainter painter(picture, area, options, measure, look_of(options.colour_mode, messages));
   painter.draw_x(x);

@@ -18,7 +18,7 @@ struct PlotArea {
 /// One axis of a plot. `from` is the value at its left or lower edge, `to` the one at its right or upper
 /// edge, whichever is larger. Where a coordinate fills a unit of pixels that should carry its number in the
 /// middle, both are half a unit less.
-struct Axis {
+struct PlotAxis {
   double from = 0;
   double to = 1;
   std::string name;
@@ -67,7 +67,7 @@ PlotArea plot_area(int width, int height, const GridOptions& options, const Text
 /// drawn as on paper; an interval that is empty or not finite has a line at most.
 ///
 /// Lines are appended to those that the picture has, so what is appended afterwards covers them.
-void DrawGrid(Picture& picture, const PlotArea& area, const Axis& x, const Axis& y,
+void DrawGrid(Picture& picture, const PlotArea& area, const PlotAxis& x, const PlotAxis& y,
               const GridOptions& options, const TextMeasure& measure, Messages& messages);
 
 }  // namespace kov

@@ -81,11 +81,11 @@ void draw_along_x(Picture& picture, const PlotArea& area, const G1View& view, co
                   Messages& messages) {
   const std::vector<std::size_t> curves = view.curves();
   const ValueInterval values = interval_of(view, curves);
-  const Axis x{.from = static_cast<double>(view.par.xmin),
+  const PlotAxis x{.from = static_cast<double>(view.par.xmin),
                .to = static_cast<double>(view.par.xmax),
                .name = view.x_name(),
                .whole = true};
-  const Axis y{.from = values.min, .to = values.max, .name = view.y_name()};
+  const PlotAxis y{.from = values.min, .to = values.max, .name = view.y_name()};
   DrawGrid(picture, area, x, y, options_of(view), measure, messages);
   for (const std::size_t index : curves) draw_curve(picture, area, view, index, values);
 }
