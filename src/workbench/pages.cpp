@@ -15,7 +15,7 @@ struct NamedGrid {
 };
 
 // In the order of Pages::all().
-constexpr std::array<NamedGrid, 8> grids{{
+constexpr std::array<NamedGrid, 9> grids{{
     {"Slq", Page::lattices},
     {"Sldim", Page::lattices},
     {"Sllist", Page::list},
@@ -23,6 +23,7 @@ constexpr std::array<NamedGrid, 8> grids{{
     {"Slds1", Page::sums1},
     {"Slsums1", Page::sums1},
     {"Slsums2", Page::sums2},
+    {"Slg2a", Page::graph2},
     {"Slconfig", Page::config},
 }};
 
@@ -39,7 +40,7 @@ struct ShownParameters {
 };
 
 // clang-format off
-constexpr std::array<ShownParameters, 8> shown_parameters{{
+constexpr std::array<ShownParameters, 11> shown_parameters{{
     {"Slq_",      Page::lattices},
     {"SlAlgadd_", Page::algadd},
     {"Sums_",     Page::sums1},
@@ -48,6 +49,9 @@ constexpr std::array<ShownParameters, 8> shown_parameters{{
     {"Sums2_",    Page::sums2},
     {"Graph_",    Page::graph1},
     {"Graph1_",   Page::graph1},
+    {"Graph_",    Page::graph2},
+    {"Graph2_",   Page::graph2},
+    {"Graph2a_",  Page::graph2},
 }};
 // clang-format on
 
@@ -76,9 +80,18 @@ Pages::Pages(Workbench& workbench, User user)
                .checked = workbench.graph1_checked,
                .oplot = workbench.graph1_overlay,
                .file_name = [&workbench] { return workbench.file.chosen ? workbench.file.name() : ""; }},
-              user.messages, user.progress) {
+              user.messages, user.progress),
+      graph2_({.lmap = workbench.document.lmap,
+               .tables = workbench.document.ranges,
+               .cph = workbench.document.cph,
+               .states = workbench.document.curve_states,
+               .radio_index = workbench.graph2_radio_index,
+               .file_name = [&workbench] { return workbench.file.chosen ? workbench.file.name() : ""; }},
+              user),
+      slg2a_(workbench.document.curve_states, workbench.document.cph, user) {
   wire_lattice_grids();
   wire_algadd_grid();
+  wire_graph2();
   workbench_.sums1.set_changed([this] {
     slsums1_.give_up_edit();
     changed();
@@ -105,6 +118,16 @@ void Pages::wire_algadd_grid() {
     workbench_.algadd_menu_open = shown;
     changed();
   });
+}
+
+void Pages::wire_graph2() {
+  slg2a_.set_y_of_curve([this](int curve) { return graph2_.y_of_curve(curve); });
+  slg2a_.set_states_changed([this] { redisplay([this] { graph2_.draw_curves_anew(); }); });
+}
+
+void Pages::choose_graph2_radio(int index) {
+  redisplay([&] { graph2_.radio(index); });
+  show_config_if_active();
 }
 
 GridModel* Pages::grid(std::string_view name) {
@@ -151,6 +174,7 @@ void Pages::redisplay(const std::function<void()>& show) {
 }
 
 void Pages::show_active_page() {
+  if (!is_active(Page::graph2)) graph2_.release();
   switch (static_cast<Page>(workbench_.active_page)) {
     case Page::lattices:
       sldim_.show();
@@ -167,8 +191,10 @@ void Pages::show_active_page() {
       return config_.show();
     case Page::graph1:
       return graph1_.show();
-    case Page::comment:
     case Page::graph2:
+      graph2_.redraw();
+      return slg2a_.show();
+    case Page::comment:
       return;
   }
 }
@@ -182,7 +208,13 @@ void Pages::show_config_if_active() {
   if (is_active(Page::config)) config_.show();
 }
 
-void Pages::page_chosen() { refresh(); }
+void Pages::page_chosen() {
+  if (!is_active(Page::graph2)) return refresh();
+  redisplay([this] {
+    graph2_.shown();
+    slg2a_.show();
+  });
+}
 
 void Pages::algadd_changed() {
   algadd_.refill();
@@ -192,7 +224,7 @@ void Pages::algadd_changed() {
 void Pages::ranges_changed() {
   slds1_.give_up_edit();
   show_config_if_active();
-  if (is_active(Page::graph1)) return refresh();
+  if (is_active(Page::graph1) || is_active(Page::graph2)) return refresh();
   changed();
 }
 
@@ -203,7 +235,7 @@ void Pages::parameter_changed(std::string_view keyword) {
   if (keyword == "Sums1_DefaultTableIndex" && is_active(Page::sums1)) {
     workbench_.sums1.range_changed(user_);
   } else if (shows(static_cast<Page>(workbench_.active_page), keyword) ||
-             (keyword == "Sums1_DefaultTableIndex" && is_active(Page::graph1))) {
+             (keyword == "Sums1_DefaultTableIndex" && (is_active(Page::graph1) || is_active(Page::graph2)))) {
     refresh();
   }
   changed();
@@ -243,6 +275,8 @@ std::string Pages::label(Page page) const {
       return slsums2_.sums2().label();
     case Page::graph1:
       return graph1_.label();
+    case Page::graph2:
+      return graph2_.label();
     default:
       return {};
   }
