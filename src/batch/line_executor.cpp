@@ -73,6 +73,12 @@ bool LineExecutor::operator()(const CheckLine& line) {
   return set_check_box(workbench_, line.name, line.on) || fail_for_want_of("check box", line.name);
 }
 
+bool LineExecutor::operator()(const RadioLine& line) {
+  pages_.leave_grids();
+  pages_.choose_graph2_radio(line.index);
+  return true;
+}
+
 bool LineExecutor::operator()(const CommentLine& line) {
   workbench_.document.append_comment_line(line.text);
   return true;

@@ -23,6 +23,7 @@ class LineExecutor {
   bool operator()(const CommandLine& line);
   bool operator()(const SetLine& line);
   bool operator()(const CheckLine& line);
+  bool operator()(const RadioLine& line);
   bool operator()(const CommentLine& line);
   bool operator()(const EchoLine& line);
   bool operator()(const BreakLine& line);

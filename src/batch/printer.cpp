@@ -6,6 +6,7 @@
 #include <string>
 
 #include "batch/print_graph1.h"
+#include "graphs/graph2_table.h"
 #include "lattice/lattice_status.h"
 #include "text/integers.h"
 #include "workbench/command.h"
@@ -64,6 +65,16 @@ void print_grid(const GridModel& grid, Output& output) {
   }
 }
 
+/// Every pixel of the map into which a point was summed.
+void print_graph2(Pages& pages, const PictureSize& size, Output& output) {
+  pages.graph2().set_image({size.width, size.height});
+  pages.show(Page::graph2);
+  output.write("column\trow\tvalue\tcolour\n");
+  const Graph2Drawing* drawing = pages.graph2().drawing();
+  if (drawing == nullptr) return;
+  write_map_pixels(*drawing, [&](const std::string& line) { output.write(line); });
+}
+
 struct NamedPrinter {
   std::string_view what;
   void (*print)(Workbench& workbench, User user, Output& output);
@@ -96,8 +107,9 @@ struct SizedPrinter {
 };
 
 /// Graphs, which may have a size behind their name.
-constexpr std::array<SizedPrinter, 1> sized_printers{{
+constexpr std::array<SizedPrinter, 2> sized_printers{{
     {"Graph1", print_graph1},
+    {"Graph2", print_graph2},
 }};
 
 template <class Row, std::size_t size>

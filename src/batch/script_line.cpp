@@ -4,6 +4,7 @@
 #include <array>
 
 #include "batch/key_names.h"
+#include "graphs/value_map.h"
 #include "text/integers.h"
 #include "text/tokens.h"
 
@@ -73,6 +74,16 @@ ScriptLine parse_check(std::string_view rest) {
     return UnknownLine{"expected: Check NAME on, or off"};
   }
   return CheckLine{std::string(name), state == "on"};
+}
+
+ScriptLine parse_radio(std::string_view rest) {
+  Tokens tokens(rest);
+  const std::string_view page = tokens.next();
+  const auto index = parse_int32(tokens.next());
+  if (page != "Graph2" || !index || *index < 0 || *index >= MapChoice::count || !tokens.at_end()) {
+    return UnknownLine{"expected: Radio Graph2 INDEX, with INDEX from 0 to 9"};
+  }
+  return RadioLine{*index};
 }
 
 ScriptLine parse_break(std::string_view rest) {
@@ -145,9 +156,10 @@ struct Verb {
   ScriptLine (*parse)(std::string_view rest);
 };
 
-constexpr std::array<Verb, 9> verbs{{
+constexpr std::array<Verb, 10> verbs{{
     {"Set", parse_set},
     {"Check", parse_check},
+    {"Radio", parse_radio},
     {"Comment", parse_comment},
     {"Echo", parse_echo},
     {"Break", parse_break},

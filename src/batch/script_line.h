@@ -38,6 +38,12 @@ struct CheckLine {
   friend bool operator==(const CheckLine&, const CheckLine&) = default;
 };
 
+/// "Radio Graph2 INDEX", 0 ... 9.
+struct RadioLine {
+  int index = 0;
+  friend bool operator==(const RadioLine&, const RadioLine&) = default;
+};
+
 /// "Comment TEXT": the text behind the one blank that follows the word, further blanks included.
 struct CommentLine {
   std::string text;
@@ -98,8 +104,8 @@ struct UnknownLine {
   friend bool operator==(const UnknownLine&, const UnknownLine&) = default;
 };
 
-using ScriptLine = std::variant<CommandLine, SetLine, CheckLine, CommentLine, EchoLine, BreakLine, PrintLine,
-                                CellLine, KeyLine, ClickLine, UnknownLine>;
+using ScriptLine = std::variant<CommandLine, SetLine, CheckLine, RadioLine, CommentLine, EchoLine, BreakLine,
+                                PrintLine, CellLine, KeyLine, ClickLine, UnknownLine>;
 
 /// Reads one line without leading and trailing blanks that is neither empty nor a remark.
 ScriptLine parse_line(std::string_view line);
