@@ -29,7 +29,12 @@ class Interval {
 
   double half_length() const { return to_ / 2 - from_ / 2; }
   double place(double value) const { return std::clamp((value / 2 - from_ / 2) / half_length(), 0.0, 1.0); }
-  double value(double place) const { return from_ * (1 - place) + to_ * place; }
+  /// Never falls where it should rise, however few doubles there are between the ends.
+  double value(double place) const {
+    if (place == 1) return to_;
+    const double half = half_length() * place;
+    return std::clamp(from_ + half + half, low(), high());
+  }
   double low() const { return std::min(from_, to_); }
   double high() const { return std::max(from_, to_); }
 
@@ -56,7 +61,7 @@ std::optional<Steps> steps_in(const Interval& interval, std::int64_t mantissa, i
   const double high = interval.high() / step;
   if (!(std::abs(low) < largest_index && std::abs(high) < largest_index)) return std::nullopt;
   // An end that should be a multiple may miss it by rounding.
-  constexpr double tolerance = 1E-9;
+  const double tolerance = (high - low) * 1E-9;
   return Steps{mantissa, exponent, static_cast<std::int64_t>(std::ceil(low - tolerance)),
                static_cast<std::int64_t>(std::floor(high + tolerance))};
 }
@@ -93,7 +98,7 @@ std::vector<Tick> equal_ticks(const Interval& interval, const TickRule& rule) {
   std::vector<Tick> ticks;
   for (int i = 0; i < rule.wanted; ++i) {
     const double place = rule.wanted == 1 ? 0.5 : static_cast<double>(i) / (rule.wanted - 1);
-    double value = std::clamp(interval.value(place), interval.low(), interval.high());
+    double value = interval.value(place);
     if (rule.whole) value = std::nearbyint(value);
     if (value < interval.low() || value > interval.high()) continue;
     if (!ticks.empty() && value == ticks.back().value) continue;
@@ -108,9 +113,17 @@ struct Number {
   bool close = false;
 };
 
+/// Of more digits than every double has, only those that tell it from its neighbours.
+std::string digits_text(double value, int digits) {
+  constexpr int certain_digits = 15;
+  std::string text = floating_text(value, std::min(digits, certain_digits));
+  if (digits <= certain_digits || parse_floating(text) == value) return text;
+  return floating_text(value, digits);
+}
+
 /// Numbers below a million without an exponent, however few their digits.
 std::string plain_text(double value, int digits) {
-  std::string text = floating_text(value, digits);
+  std::string text = digits_text(value, digits);
   if (text.find('E') == std::string::npos || !(std::abs(value) >= 1 && std::abs(value) < 1E6)) return text;
   return int_text(std::llround(parse_floating(text).value_or(value)));
 }
