@@ -6,6 +6,7 @@
 #include "batch/printer.h"
 #include "workbench/check_boxes.h"
 #include "workbench/command.h"
+#include "workbench/page_picture.h"
 
 namespace kov {
 namespace {
@@ -107,6 +108,16 @@ bool LineExecutor::operator()(const PrintLine& line) {
   print(file);
   const std::string failure = file.take_failure();
   return failure.empty() || fail(*line.file + " cannot be written: " + failure);
+}
+
+bool LineExecutor::operator()(const DrawLine& line) {
+  if (pictures_ == nullptr) return fail("this kovbatch was built without pictures");
+  const Break armed(*this);
+  pages_.leave_grids();
+  const auto [width, height] = line.size;
+  pictures_->write(page_picture(workbench_, pages_, line.page, width, height, pictures_->measure()),
+                   line.file);
+  return true;
 }
 
 bool LineExecutor::operator()(const CellLine& line) {

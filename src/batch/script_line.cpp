@@ -102,6 +102,23 @@ ScriptLine parse_print(std::string_view rest) {
   return print;
 }
 
+/// The file's name may contain blanks; the last word is a size if it reads like one.
+ScriptLine parse_draw(std::string_view rest) {
+  Tokens tokens(rest);
+  const std::string_view graph = tokens.next();
+  DrawLine draw{graph == "Graph2" ? Page::graph2 : Page::graph1, std::string(trimmed(tokens.rest())), {}};
+  if (const std::size_t blank = draw.file.find_last_of(" \t"); blank != std::string::npos) {
+    if (const auto size = parse_picture_size(std::string_view(draw.file).substr(blank + 1))) {
+      draw.size = *size;
+      draw.file = trimmed(std::string_view(draw.file).substr(0, blank));
+    }
+  }
+  if ((graph != "Graph1" && graph != "Graph2") || draw.file.empty()) {
+    return UnknownLine{"expected: Draw Graph1 FILE [WIDTHxHEIGHT], or Graph2"};
+  }
+  return draw;
+}
+
 std::optional<GridCell> parse_cell(std::string_view text) {
   const std::size_t comma = text.find(',');
   if (comma == std::string_view::npos) return std::nullopt;
@@ -156,7 +173,7 @@ struct Verb {
   ScriptLine (*parse)(std::string_view rest);
 };
 
-constexpr std::array<Verb, 10> verbs{{
+constexpr std::array<Verb, 11> verbs{{
     {"Set", parse_set},
     {"Check", parse_check},
     {"Radio", parse_radio},
@@ -164,6 +181,7 @@ constexpr std::array<Verb, 10> verbs{{
     {"Echo", parse_echo},
     {"Break", parse_break},
     {"Print", parse_print},
+    {"Draw", parse_draw},
     {"Cell", parse_cell_line},
     {"Key", parse_key_line},
     {"Click", parse_click_line},

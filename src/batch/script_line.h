@@ -7,7 +7,9 @@
 #include <variant>
 #include <vector>
 
+#include "batch/picture_size.h"
 #include "interact/grid_model.h"
+#include "workbench/workbench.h"
 
 namespace kov {
 
@@ -69,6 +71,14 @@ struct PrintLine {
   friend bool operator==(const PrintLine&, const PrintLine&) = default;
 };
 
+/// "Draw Graph1 FILE" or "Draw Graph2 FILE", perhaps with a size behind the file.
+struct DrawLine {
+  Page page = Page::graph1;
+  std::string file;
+  PictureSize size;
+  friend bool operator==(const DrawLine&, const DrawLine&) = default;
+};
+
 /// A cell of a grid, which may have neither that name nor that cell.
 struct CellName {
   std::string grid;
@@ -105,7 +115,7 @@ struct UnknownLine {
 };
 
 using ScriptLine = std::variant<CommandLine, SetLine, CheckLine, RadioLine, CommentLine, EchoLine, BreakLine,
-                                PrintLine, CellLine, KeyLine, ClickLine, UnknownLine>;
+                                PrintLine, DrawLine, CellLine, KeyLine, ClickLine, UnknownLine>;
 
 /// Reads one line without leading and trailing blanks that is neither empty nor a remark.
 ScriptLine parse_line(std::string_view line);
