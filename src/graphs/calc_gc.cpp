@@ -13,14 +13,15 @@
 namespace kov {
 namespace {
 
-using TakenRanges = std::array<bool, g1_range_count>;
+/// A yes or no for each range.
+using RangeFlags = std::array<bool, g1_range_count>;
 
 bool any_checked(const G1Checks& checked, std::size_t range) {
   const auto first = checked.begin() + static_cast<std::ptrdiff_t>(range * g1_quantity_count);
   return std::any_of(first, first + g1_quantity_count, [](bool box) { return box; });
 }
 
-TakenRanges taken_ranges(const G1Task& task) {
+RangeFlags taken_ranges(const G1Task& task) {
   const bool common = task.cph.kmi("Graph1_quick_xscale_r12_common") != 0;
   return {common || any_checked(task.checked, 0), common || any_checked(task.checked, 1)};
 }
@@ -29,52 +30,62 @@ std::int32_t x_of(const Lk& key, const G1Task& task, std::size_t range) {
   return key.coo[static_cast<std::size_t>(task.table.icoo_along_x_in_g[range])];
 }
 
-/// Calls visit(key, quantity, range) for every point in every taken range that it lies inside. False when
-/// Break was pressed.
+/// Calls visit(place, ranges it lies inside) for every point inside a taken range. False when Break was
+/// pressed.
 template <class Visit>
-bool walk(const G1Task& task, const TakenRanges& taken, Progress& progress, std::string_view done,
+bool walk(const G1Task& task, const RangeFlags& taken, Progress& progress, std::string_view done,
           const Visit& visit) {
   SumProgress walked(progress, static_cast<std::int64_t>(task.lmap.count()),
                      task.cph.kmi("Graph_EntryCountPerDisplay"), done);
   const auto end = task.lmap.end();
   for (auto place = task.lmap.begin(); place != end; ++place) {
-    for (std::size_t range = 0; range < g1_range_count; ++range) {
-      if (taken[range] && task.table.range[range].contains(place.key())) visit(place, range);
-    }
+    const RangeFlags inside = {taken[0] && task.table.range[0].contains(place.key()),
+                               taken[1] && task.table.range[1].contains(place.key())};
+    if (inside[0] || inside[1]) visit(place, inside);
     if (!walked.advance()) return false;
   }
   return true;
 }
 
-bool find_x_interval(const G1Task& task, const TakenRanges& taken, G1Par& par, Progress& progress) {
-  return walk(task, taken, progress, "checked", [&](const Lmap::Cursor& place, std::size_t range) {
-    par.widen_x(x_of(place.key(), task, range));
+bool find_x_interval(const G1Task& task, const RangeFlags& taken, G1Par& par, Progress& progress) {
+  return walk(task, taken, progress, "checked", [&](const Lmap::Cursor& place, const RangeFlags& inside) {
+    for (std::size_t range = 0; range < g1_range_count; ++range) {
+      if (inside[range]) par.widen_x(x_of(place.key(), task, range));
+    }
   });
 }
 
-void add_point(G1Range& sums, std::size_t column, std::int32_t x, const cotyp& q) {
+using PointValues = std::array<double, g1_quantity_count>;
+
+PointValues values_of(const cotyp& q) {
   const double re = to_double(q.re);
   const double im = to_double(q.im);
+  return {re, im, to_double(qq(q)), std::hypot(re, im), 1};
+}
+
+void add_point(G1Range& sums, std::size_t column, std::int32_t x, const PointValues& values) {
   ++sums.count;
-  sums.curve[g1_qre].at[column] += re;
-  sums.curve[g1_qim].at[column] += im;
-  sums.curve[g1_qq].at[column] += to_double(qq(q));
-  sums.curve[g1_qa].at[column] += std::hypot(re, im);
-  sums.curve[g1_cntAt].at[column] += 1;
+  for (std::size_t quantity = 0; quantity < g1_quantity_count; ++quantity) {
+    sums.curve[quantity].at[column] += values[quantity];
+  }
   std::optional<std::int32_t>& first = sums.first_x[column];
   first = std::min(first.value_or(x), x);
 }
 
-bool bin_points(const G1Task& task, const TakenRanges& taken, G1Par& par, Progress& progress) {
-  return walk(task, taken, progress, "summed up", [&](const Lmap::Cursor& place, std::size_t range) {
-    const std::int32_t x = x_of(place.key(), task, range);
-    add_point(par.range[range], par.column_of(x), x, place.quantity());
+bool bin_points(const G1Task& task, const RangeFlags& taken, G1Par& par, Progress& progress) {
+  return walk(task, taken, progress, "summed up", [&](const Lmap::Cursor& place, const RangeFlags& inside) {
+    const PointValues values = values_of(place.quantity());
+    for (std::size_t range = 0; range < g1_range_count; ++range) {
+      if (!inside[range]) continue;
+      const std::int32_t x = x_of(place.key(), task, range);
+      add_point(par.range[range], par.column_of(x), x, values);
+    }
   });
 }
 
 void take_size(const G1Task& task, G1Par& par, Messages& messages) {
-  par.hpixcount = task.width;
-  par.vpixcount = task.height;
+  par.hpixcount = std::max(task.width, 0);
+  par.vpixcount = std::max(task.height, 0);
   if (par.hpixcount <= G1Chainsize) return;
   messages.warning("Calc_gc_from_lgl: hpixcount=" + int_text(par.hpixcount) +
                    " set to G1Chainsize=" + int_text(G1Chainsize));
@@ -88,7 +99,7 @@ G1Outcome calculate(const G1Task& task, G1Par& par, Messages& messages, Progress
   if (std::none_of(task.checked.begin(), task.checked.end(), [](bool box) { return box; })) {
     return G1Outcome::no_box_checked;
   }
-  const TakenRanges taken = taken_ranges(task);
+  const RangeFlags taken = taken_ranges(task);
   // Around both walks, so that a Break in the first one also counts for whatever runs this.
   const ProgressBox box(progress, 0, static_cast<std::int64_t>(task.lmap.count()));
   if (!find_x_interval(task, taken, par, progress)) return G1Outcome::broken;
