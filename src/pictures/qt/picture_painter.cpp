@@ -1,9 +1,12 @@
 #include "pictures/qt/picture_painter.h"
 
+#include <QPaintEngine>
 #include <QPainter>
 #include <QPolygonF>
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <vector>
 
 #include "pictures/qt/picture_font.h"
 #include "pictures/qt/utf8_text.h"
@@ -59,22 +62,38 @@ double snapped(double middle, double scale, double device_width) {
   return (std::round(middle * scale - device_width / 2) + device_width / 2) / scale;
 }
 
-/// A line on whole pixels of a device that has so many for one of the picture.
-PictureLine on_device_pixels(PictureLine line, double scale) {
-  const double device_width = std::max(1.0, std::round(line.width * scale));
-  line.width = device_width / scale;
-  for (PicturePoint& point : line.points) {
-    point = {snapped(point.x, scale, device_width), snapped(point.y, scale, device_width)};
-  }
-  return line;
+/// Moves the end of a line, seen from the point next to it, to an edge between pixels.
+void snap_end(PicturePoint& end, PicturePoint original, PicturePoint next, double scale) {
+  if (original.y == next.y) end.x = std::round(original.x * scale) / scale;
+  if (original.x == next.x) end.y = std::round(original.y * scale) / scale;
 }
 
-void paint_polyline(QPainter& painter, const PictureLine& line) {
+bool is_closed(const PictureLine& line) {
+  return line.points.size() > 2 && line.points.front() == line.points.back();
+}
+
+/// A line parallel to the edges on whole pixels of a device that has so many for one of the picture.
+PictureLine on_device_pixels(const PictureLine& line, double scale) {
+  PictureLine result = line;
+  const double device_width = std::max(1.0, std::round(line.width * scale));
+  result.width = device_width / scale;
+  for (PicturePoint& point : result.points) {
+    point = {snapped(point.x, scale, device_width), snapped(point.y, scale, device_width)};
+  }
+  if (is_closed(line)) return result;
+  const std::vector<PicturePoint>& points = line.points;
+  snap_end(result.points.front(), points.front(), points[1], scale);
+  snap_end(result.points.back(), points.back(), points[points.size() - 2], scale);
+  return result;
+}
+
+void paint_polyline(QPainter& painter, const PictureLine& line, Qt::PenJoinStyle join) {
   QPolygonF points;
   points.reserve(static_cast<qsizetype>(line.points.size()));
   for (const PicturePoint point : line.points) points.append(QPointF(point.x, point.y));
-  painter.setPen(QPen(to_qt(line.colour), line.width, to_qt(line.style), Qt::FlatCap, Qt::BevelJoin));
-  painter.drawPolyline(points);
+  painter.setPen(QPen(to_qt(line.colour), line.width, to_qt(line.style), Qt::FlatCap, join));
+  painter.setBrush(Qt::NoBrush);
+  is_closed(line) ? painter.drawPolygon(points) : painter.drawPolyline(points);
 }
 
 void paint_dot(QPainter& painter, const PictureLine& line) {
@@ -85,11 +104,22 @@ void paint_dot(QPainter& painter, const PictureLine& line) {
   painter.drawEllipse(QPointF(middle.x, middle.y), radius, radius);
 }
 
+void paint_parallel_line(QPainter& painter, const PictureLine& line) {
+  const double scale = painter.device()->devicePixelRatio();
+  PictureLine snapped_line = on_device_pixels(line, scale);
+  // The raster engine draws lines of one pixel piece by piece, their corners paler. So much more makes it
+  // join the pieces, and shows nowhere else.
+  constexpr double joined = 1.0 / 1024;
+  const bool raster = painter.paintEngine()->type() == QPaintEngine::Raster;
+  if (raster && line.points.size() > 2) snapped_line.width += joined / scale;
+  paint_polyline(painter, snapped_line, Qt::MiterJoin);
+}
+
 void paint(QPainter& painter, const PictureLine& line) {
   if (line.points.empty()) return;
   if (line.points.size() == 1) return paint_dot(painter, line);
-  if (!is_parallel_to_edges(line)) return paint_polyline(painter, line);
-  paint_polyline(painter, on_device_pixels(line, painter.device()->devicePixelRatio()));
+  if (is_parallel_to_edges(line)) return paint_parallel_line(painter, line);
+  paint_polyline(painter, line, Qt::BevelJoin);
 }
 
 void paint(QPainter& painter, const PictureText& text) {
