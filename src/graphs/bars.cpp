@@ -26,17 +26,18 @@ double value_at(const G1Par& par, const G1Curve& curve, std::int64_t x) {
   return last == par.column_of(par.xmax - 1) ? 0 : curve.at[last];
 }
 
+/// Neighbours share the very same edge, since both compute it from the same half of a unit.
 std::vector<Bar> unit_bars(const G1Par& par, const G1Curve& curve) {
-  const double units = curve.double_width_from ? 2 : 1;
-  const double half = units / 2 * par.pix_per_icoo;
+  const int units = curve.double_width_from ? 2 : 1;
+  const double half = units / 2.0;
   std::vector<Bar> bars;
-  for (std::int64_t u = curve.double_width_from.value_or(0); u <= par.xcount();
-       u += static_cast<int>(units)) {
-    const double middle = static_cast<double>(u) * par.pix_per_icoo;
-    const Bar bar{.left = std::max(std::round(middle - half), 0.0),
-                  .middle = middle,
-                  .right = std::min(std::round(middle + half), static_cast<double>(par.hpixcount)),
-                  .value = value_at(par, curve, par.xmin + u)};
+  for (std::int64_t step = curve.double_width_from.value_or(0); step <= par.xcount(); step += units) {
+    const auto u = static_cast<double>(step);
+    const Bar bar{
+        .left = std::max(std::round((u - half) * par.pix_per_icoo), 0.0),
+        .middle = u * par.pix_per_icoo,
+        .right = std::min(std::round((u + half) * par.pix_per_icoo), static_cast<double>(par.hpixcount)),
+        .value = value_at(par, curve, par.xmin + step)};
     if (bar.left < bar.right) bars.push_back(bar);
   }
   return bars;

@@ -34,7 +34,7 @@ CurveStyle curve_style(std::size_t index, bool black_and_white) {
   constexpr Colour black{0, 0, 0};
   const bool of_range2 = index >= g1_quantity_count;
   if (black_and_white) {
-    return {.colour = black, .width = of_range2 ? 2.5 : 1, .style = styles[index % g1_quantity_count]};
+    return {.colour = black, .width = of_range2 ? 3 : 1.5, .style = styles[index % g1_quantity_count]};
   }
   return {.colour = colours[index], .width = 1.5, .style = of_range2 ? LineStyle::dashed : LineStyle::solid};
 }

@@ -27,6 +27,20 @@ std::vector<CurveEntry> legend_of(const G1View& view) {
 /// Curves that are drawn against each other are named at the axes.
 bool has_legend(const G1View& view) { return !view.draws_oplot() && !view.curves().empty(); }
 
+/// Room for title and legend.
+double height_above(const G1View& view, double width, const TextMeasure& measure) {
+  const double legend = has_legend(view) ? curve_legend_height(legend_of(view), width, measure) : 0;
+  return title_height(measure) + legend;
+}
+
+/// Title and legend, unless the picture is so small that the plot has taken their room.
+void draw_above(Picture& picture, const PlotArea& area, const G1View& view, const TextMeasure& measure) {
+  if (area.top < height_above(view, area.width, measure)) return;
+  draw_title(picture, area, view.title(), measure);
+  if (!has_legend(view)) return;
+  draw_curve_legend(picture, {area.left, title_height(measure)}, area.width, legend_of(view), measure);
+}
+
 ValueInterval interval_of(const G1View& view, const std::vector<std::size_t>& curves) {
   const auto own = [&](std::size_t index) {
     const G1Curve& curve = view.par.curve(index);
@@ -82,9 +96,9 @@ void draw_along_x(Picture& picture, const PlotArea& area, const G1View& view, co
   const std::vector<std::size_t> curves = view.curves();
   const ValueInterval values = interval_of(view, curves);
   const PlotAxis x{.from = static_cast<double>(view.par.xmin),
-               .to = static_cast<double>(view.par.xmax),
-               .name = view.x_name(),
-               .whole = true};
+                   .to = static_cast<double>(view.par.xmax),
+                   .name = view.x_name(),
+                   .whole = true};
   const PlotAxis y{.from = values.min, .to = values.max, .name = view.y_name()};
   DrawGrid(picture, area, x, y, options_of(view), measure, messages);
   for (const std::size_t index : curves) draw_curve(picture, area, view, index, values);
@@ -119,12 +133,8 @@ void draw_oplot(Picture& picture, const PlotArea& area, const G1View& view, cons
 
 PlotArea graph1_plot_area(const G1View& view, int width, int height, const TextMeasure& measure) {
   const GridOptions options = options_of(view);
-  PlotMargins margins{.above = title_height(measure)};
-  if (has_legend(view)) {
-    const PlotArea untitled = plot_area(width, height, options, measure);
-    margins.above += curve_legend_height(legend_of(view), untitled.width, measure);
-  }
-  return plot_area(width, height, options, measure, margins);
+  const PlotArea untitled = plot_area(width, height, options, measure);
+  return plot_area(width, height, options, measure, {.above = height_above(view, untitled.width, measure)});
 }
 
 Picture graph1_picture(const G1View& view, int width, int height, const TextMeasure& measure,
@@ -133,10 +143,7 @@ Picture graph1_picture(const G1View& view, int width, int height, const TextMeas
   picture.width = width;
   picture.height = height;
   const PlotArea area = graph1_plot_area(view, width, height, measure);
-  draw_title(picture, area, view.title(), measure);
-  if (has_legend(view)) {
-    draw_curve_legend(picture, {area.left, title_height(measure)}, area.width, legend_of(view), measure);
-  }
+  draw_above(picture, area, view, measure);
   if (view.draws_oplot()) {
     draw_oplot(picture, area, view, measure, messages);
   } else {
