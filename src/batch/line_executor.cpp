@@ -115,9 +115,14 @@ bool LineExecutor::operator()(const DrawLine& line) {
   const Break armed(*this);
   pages_.leave_grids();
   const auto [width, height] = line.size;
-  pictures_->write(page_picture(workbench_, pages_, line.page, width, height, pictures_->measure()),
-                   line.file);
-  return true;
+  try {
+    const TextMeasure& measure = pictures_->measure();
+    pictures_->write(page_picture(workbench_, pages_, line.page, width, height, measure), line.file);
+    return true;
+  } catch (const picture_error& error) {
+    user_.error(error.what());
+    return false;
+  }
 }
 
 bool LineExecutor::operator()(const CellLine& line) {
