@@ -62,6 +62,8 @@ class Graph1Page {
   bool drawn() const;
   /// The text behind the image; empty while there is nothing to say.
   std::string label() const;
+  /// What heads the drawing: file, range table and ranges.
+  std::string title() const { return view().title(); }
   /// The caption of the check boxes of a range, 0 or 1: "SR1:", "SR2/cnt:".
   std::string group_caption(std::size_t range) const;
   /// The last calculation.
