@@ -45,6 +45,15 @@ void ColourScale::set_linear_fclimit(double smallest, double largest) {
   top_ = largest;
 }
 
+Colour ColourScale::colour_between(std::size_t i, double q) const {
+  const double low = fclimit_[i];
+  const double high = fclimit_[i + 1];
+  double share = (q - low) / (high - low);
+  // The distance of two doubles may be more than the largest one.
+  if (!std::isfinite(high - low)) share = (q / 2 - low / 2) / (high / 2 - low / 2);
+  return ramp_.at((static_cast<double>(i) + share) / (fclimit_count - 1));
+}
+
 Colour ColourScale::color_from_fcl_table(double q, Messages& messages) const {
   if (q >= fclimit_[last]) {
     if (littlesm(q) > fclimit_[last]) {

@@ -51,10 +51,7 @@ class ColourScale {
   Colour color_from_fcl_table(double q, Messages& messages) const;
 
   /// The colour of q where fclimit[i] <= q < fclimit[i + 1].
-  Colour colour_between(std::size_t i, double q) const {
-    const double share = (q - fclimit_[i]) / (fclimit_[i + 1] - fclimit_[i]);
-    return ramp_.at((static_cast<double>(i) + share) / (fclimit_count - 1));
-  }
+  Colour colour_between(std::size_t i, double q) const;
 
  private:
   ColourRamp ramp_;

@@ -9,6 +9,7 @@
 
 #include "graphs/curve_names.h"
 #include "graphs/legend.h"
+#include "graphs/map_raster.h"
 #include "graphs/range_title.h"
 #include "numbers/floating_text.h"
 #include "text/integers.h"
@@ -16,8 +17,6 @@
 namespace kov {
 namespace {
 
-/// Behind a map: no ramp has it, so the largest values, which are white, differ from places without points.
-constexpr Colour map_background{226, 232, 240};
 /// Of labels of curves that are not selected; the curves' own grey is too light for texts.
 constexpr Colour quiet_text{100, 100, 100};
 /// Between plot and label, in pixels.

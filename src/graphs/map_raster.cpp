@@ -87,7 +87,8 @@ std::optional<Raster> map_raster(const ValueMap& map, const ColourScale& scale, 
   const int width = map.grid.width();
   const int height = map.grid.height();
   Raster raster{.width = width, .height = height, .pixels = {}};
-  raster.pixels.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
+  raster.pixels.assign(static_cast<std::size_t>(width) * static_cast<std::size_t>(height),
+                       raster_pixel(map_background));
   LineProgress lines(progress, height, lines_per_display);
   const ColourLookup colours(scale);
   const std::vector<Box> columns = column_boxes(map, double_width_wanted);

@@ -10,8 +10,11 @@
 
 namespace kov {
 
-/// Paints a map: each value a rectangle of its coordinates' size in its colour of the scale; pixels without
-/// one stay transparent. y_min is at the lower edge. "Plotting line " + i + " of " + n is shown, and Break
+/// Behind a map: no ramp has it, so the largest values, which are white, differ from places without points.
+inline constexpr Colour map_background{226, 232, 240};
+
+/// Paints a map: each value a rectangle of its coordinates' size in its colour of the scale, onto the
+/// background. y_min is at the lower edge. "Plotting line " + i + " of " + n is shown, and Break
 /// asked for, after every lines_per_display-th line (at least 1); nothing is given when it was pressed. A map
 /// of 6 million values takes some 50 milliseconds.
 std::optional<Raster> map_raster(const ValueMap& map, const ColourScale& scale, bool double_width_wanted,

@@ -145,6 +145,7 @@ bool ValueMap::steps_by_two() const {
 
 std::vector<double> ValueMap::values() const {
   std::vector<double> values;
+  values.reserve(static_cast<std::size_t>(grid.width()) * static_cast<std::size_t>(grid.height()));
   for (int column = 0; column < grid.width(); ++column) {
     if (!columns[static_cast<std::size_t>(column)]) continue;
     const auto pixels = grid.column(column);

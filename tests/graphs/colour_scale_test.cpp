@@ -112,6 +112,12 @@ TEST_F(ColourScaleTest, LinearThresholdsOfTheLargestValuesStayFinite) {
   EXPECT_EQ(colour(scale, 0), (Colour{127, 127, 127}));
 }
 
+TEST_F(ColourScaleTest, ThresholdsFurtherApartThanTheLargestValueHaveColoursBetweenThem) {
+  const ColourScale scale = distributed({-1.7e308, 1.7e308});
+  EXPECT_EQ(colour(scale, 0), scale.ramp().at(480.5 / 960));
+  EXPECT_EQ(colour(scale, -1.7e308), scale.ramp().at(480.0 / 960));
+}
+
 TEST_F(ColourScaleTest, BetweenTwoThresholdsTheColourFollowsTheValue) {
   const ColourScale scale = distributed({0, 1});
   // fclimit[480] = 0, fclimit[481] = 1: v = (480 + q) / 960.

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "graphs/map_desk.h"
+#include "graphs/map_raster.h"
 #include "support/failing_allocation.h"
 
 namespace kov {
@@ -188,7 +189,8 @@ TEST_F(Graph2PageTest, DoubleWidthIsSeenInTheRaster) {
   const auto painted = [&] {
     page.redraw();
     const auto& pixels = page.drawing()->raster->pixels;
-    return std::count_if(pixels.begin(), pixels.end(), [](std::uint32_t pixel) { return pixel != 0; });
+    return std::count_if(pixels.begin(), pixels.end(),
+                         [](std::uint32_t pixel) { return pixel != raster_pixel(map_background); });
   };
   EXPECT_EQ(painted(), 3 * 20 * 20);
   set("Graph2_BoxDoubleWidth", 1);

@@ -30,7 +30,7 @@ class MapRasterTest : public testing::Test, protected MapDesk {
     return lines;
   }
   static char letter(std::uint32_t pixel) {
-    if (pixel >> 24U == 0) return '.';
+    if (pixel == raster_pixel(map_background)) return '.';
     return pixel == 0xffffffffU ? 'w' : 'd';
   }
 
@@ -71,11 +71,9 @@ TEST_F(MapRasterTest, PaintsEveryPixelOfADenseMapInItsOwnColour) {
       const double value = map.grid.value(column, row);
       const std::uint32_t pixel = raster->pixels[static_cast<std::size_t>((37 - row) * 54 + column)];
       if (!ValueGrid::is_value(value)) {
-        EXPECT_EQ(pixel, 0U);
+        EXPECT_EQ(pixel, raster_pixel(map_background));
       } else {
-        const Colour colour = scale.color_from_fcl_table(value, person);
-        EXPECT_EQ(pixel,
-                  0xff000000U | std::uint32_t{colour.r} << 16 | std::uint32_t{colour.g} << 8 | colour.b);
+        EXPECT_EQ(pixel, raster_pixel(scale.color_from_fcl_table(value, person)));
       }
     }
   }
