@@ -30,18 +30,23 @@ struct Kind {
        const CombRules& rules)
       : terms(std::move(values), order, low, signs, rules) {}
 
-  /// The lowest position from which on the upper members are too small for any choice of the others.
+  /// The position that a walk may skip to, since all sums on the way are too small.
   std::optional<std::uint32_t> hopeless(std::span<const std::uint32_t> upper) const {
-    const std::uint32_t above_low = terms.half().members() + 1;
-    std::optional<std::uint32_t> position;
-    double size = 0.0;
-    for (auto i = static_cast<std::uint32_t>(upper.size()); i-- > 0 && !position;) {
+    double size = 0.0;  // of the members above
+    for (auto i = static_cast<std::uint32_t>(upper.size()); i-- > 0;) {
+      const std::uint32_t position = terms.half().members() + 1 + i;
+      const std::uint32_t end = i + 1 < upper.size() ? upper[i + 1] : terms.count();
+      if (too_small(size + terms.largest_from(upper[i]), position, end)) return position + 1;
       size += std::fabs(terms.value(upper[i]));
-      const double reach = terms.reach(above_low + i, upper[i]);
-      const double window = terms.tolerance().window(bound.get(), true, size, reach);
-      if (size + reach < 1.0 - window) position = above_low + i;
+      if (too_small(size, position, upper[i])) return position;
     }
-    return position;
+    return std::nullopt;
+  }
+
+  /// Whether members of this size at position m and above, and any before element t below it, are too small.
+  bool too_small(double size, std::uint32_t m, std::uint32_t t) const {
+    const double reach = terms.reach(m, t);
+    return size + reach < 1.0 - terms.tolerance().window(bound.get(), true, size, reach);
   }
 };
 

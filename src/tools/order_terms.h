@@ -28,12 +28,16 @@ class OrderTerms {
   OrderTerms(std::vector<double> values, std::uint32_t order, std::uint32_t low, Signs signs,
              const CombRules& rules);
 
+  std::uint32_t count() const { return static_cast<std::uint32_t>(values_.size()); }
   double value(std::uint32_t element) const { return values_[element]; }
   bool with_minus() const { return signs_ == Signs::plus_and_minus; }
   const HalfSums& half() const { return half_; }
   const SumTolerance& tolerance() const { return tolerance_; }
   /// The largest size that the members below position m can add when that at m is element t.
   double reach(std::uint32_t m, std::uint32_t t) const { return reach_(m, t); }
+
+  /// The largest size of element t and those behind it.
+  double largest_from(std::uint32_t t) const { return largest_from_[t]; }
 
   /// Whether partial + rest cannot come as near to 1.0 as window allows, where rest is a sum of m members
   /// before element t.
@@ -46,6 +50,7 @@ class OrderTerms {
  private:
   std::vector<double> values_;
   Signs signs_;
+  std::vector<double> largest_from_;
   SumTolerance tolerance_;
   Reach reach_;
   HalfSums half_;

@@ -26,8 +26,8 @@ class SuffixWalk {
     std::uint64_t before = 0;
   };
 
-  /// Told the upper members; gives the lowest position such that the members there and above allow no
-  /// combination of interest, or nothing.
+  /// Told the upper members; gives the lowest position such that no combination of interest is met from here
+  /// on before the member there, or one above it, changes. Nothing when there may be one at once.
   using Hopeless = std::function<std::optional<std::uint32_t>(std::span<const std::uint32_t> upper)>;
 
   /// Combinations of order out of so many elements, order <= elements; a block gives the member at low at
@@ -40,7 +40,8 @@ class SuffixWalk {
 
  private:
   std::uint32_t end_of_low() const { return upper_.empty() ? elements_ : upper_.front(); }
-  /// Counts the upper member at this position on, or the next one above it that can grow.
+  /// Counts the upper member at this position on, or the next one above it that can grow; ends where there
+  /// is none.
   void advance(std::uint32_t position);
   /// False when there is more to skip.
   bool skip(const Hopeless& hopeless);
