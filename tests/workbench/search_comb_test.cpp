@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <cmath>
 #include <string>
 
 #include "text/integers.h"
@@ -74,6 +75,26 @@ TEST(SearchComb, AFileThatCannotBeWrittenIsReported) {
   EXPECT_EQ(reports[1], "beep");
   EXPECT_EQ(reports[2], "error: Cannot save kovcomb.aa2:\n  Is a directory");
   EXPECT_EQ(desk.folder.names(), std::vector<std::string>{"kovcomb.aa2"});
+}
+
+/// By the clock on the wall: one second into a search that takes hours.
+TEST(SearchComb, BreakLeavesWhatWasFoundSoFar) {
+  Desk desk;
+  for (std::int32_t k = 1; k <= 60; ++k)
+    desk.lmap().set(Lk::at(0, 0, k), cotyp::floating(std::sqrt(k + 0.1), 0.0));
+  desk.person.break_at_check(1);
+  const auto reports = desk.run("File", "Search Comb", {"60,12", "yes"});
+  ASSERT_EQ(reports.size(), 4U);
+  EXPECT_TRUE(reports[2].starts_with("caption: ")) << reports[2];
+  EXPECT_TRUE(reports[2].ends_with(" pm-combinations tested")) << reports[2];
+  const std::string text = text_of("kovcomb.aa2");
+  const std::size_t end = text.find("\n\n user break ! \n");
+  ASSERT_NE(end, std::string::npos);
+  const std::string count = text.substr(text.rfind('\n', text.size() - 2) + 1);
+  EXPECT_TRUE(count.ends_with(" pm-combinations tested\n"));
+  EXPECT_EQ(reports[3], message_report(count + "The results are in kovcomb.aa2."));
+  EXPECT_NE(text.find("###### Results of combinations of order 1\n"), std::string::npos);
+  EXPECT_EQ(text.find("###### Results of combinations of order 12\n"), std::string::npos);
 }
 
 }  // namespace
