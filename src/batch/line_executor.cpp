@@ -6,6 +6,7 @@
 #include "batch/printer.h"
 #include "workbench/check_boxes.h"
 #include "workbench/command.h"
+#include "workbench/page_picture.h"
 
 namespace kov {
 namespace {
@@ -73,6 +74,12 @@ bool LineExecutor::operator()(const CheckLine& line) {
   return set_check_box(workbench_, line.name, line.on) || fail_for_want_of("check box", line.name);
 }
 
+bool LineExecutor::operator()(const RadioLine& line) {
+  pages_.leave_grids();
+  pages_.choose_graph2_radio(line.index);
+  return true;
+}
+
 bool LineExecutor::operator()(const CommentLine& line) {
   workbench_.document.append_comment_line(line.text);
   return true;
@@ -101,6 +108,21 @@ bool LineExecutor::operator()(const PrintLine& line) {
   print(file);
   const std::string failure = file.take_failure();
   return failure.empty() || fail(*line.file + " cannot be written: " + failure);
+}
+
+bool LineExecutor::operator()(const DrawLine& line) {
+  if (pictures_ == nullptr) return fail("this kovbatch was built without pictures");
+  const Break armed(*this);
+  pages_.leave_grids();
+  const auto [width, height] = line.size;
+  try {
+    const TextMeasure& measure = pictures_->measure();
+    pictures_->write(page_picture(workbench_, pages_, line.page, width, height, measure), line.file);
+    return true;
+  } catch (const picture_error& error) {
+    user_.error(error.what());
+    return false;
+  }
 }
 
 bool LineExecutor::operator()(const CellLine& line) {

@@ -6,6 +6,7 @@
 #include "batch/output.h"
 #include "batch/script_line.h"
 #include "interact/scripted_user.h"
+#include "pictures/picture_writer.h"
 #include "workbench/pages.h"
 #include "workbench/workbench.h"
 
@@ -16,17 +17,25 @@ namespace kov {
 /// the caller to ask for.
 class LineExecutor {
  public:
+  /// Without a writer of pictures, lines that draw fail.
   LineExecutor(Workbench& workbench, Pages& pages, ScriptedUser& user, Output& output,
-               const ScriptedUser::Sink& sink)
-      : workbench_(workbench), pages_(pages), user_(user), output_(output), sink_(sink) {}
+               const ScriptedUser::Sink& sink, PictureWriter* pictures)
+      : workbench_(workbench),
+        pages_(pages),
+        user_(user),
+        output_(output),
+        sink_(sink),
+        pictures_(pictures) {}
 
   bool operator()(const CommandLine& line);
   bool operator()(const SetLine& line);
   bool operator()(const CheckLine& line);
+  bool operator()(const RadioLine& line);
   bool operator()(const CommentLine& line);
   bool operator()(const EchoLine& line);
   bool operator()(const BreakLine& line);
   bool operator()(const PrintLine& line);
+  bool operator()(const DrawLine& line);
   bool operator()(const CellLine& line);
   bool operator()(const KeyLine& line);
   bool operator()(const ClickLine& line);
@@ -48,6 +57,7 @@ class LineExecutor {
   ScriptedUser& user_;
   Output& output_;
   const ScriptedUser::Sink& sink_;
+  PictureWriter* pictures_;
   /// The check at which the next line that runs anything meets Break; 0 for none.
   std::int32_t pending_break_ = 0;
 };

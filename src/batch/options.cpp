@@ -136,9 +136,12 @@ Lines:
                                         its dialogs ("Print menu" lists all)
   Set KEYWORD VALUE                     set a program parameter
   Check NAME on|off                     set a check box
+  Radio Graph2 INDEX                    choose a radio button, 0 to 9
   Comment TEXT                          append a line to the comment
   Print WHAT [> FILE]                   status, caption, comment, lattice, menu,
                                         a page's grid, or "label" and a page
+  Draw GRAPH FILE [WIDTHxHEIGHT]        write the picture of Graph1 or Graph2, as
+                                        .png or .svg
   Cell GRID COLUMN,ROW TEXT             replace the text of a grid's cell
   Key GRID COLUMN,ROW KEY               press a key at a cell: one character,
                                         Enter, Esc, Tab, Up, Down, PageUp,
@@ -150,8 +153,9 @@ Lines:
   Echo TEXT                             write TEXT
   ; TEXT                                a remark
 
-Grids: Slq, Sldim, Sllist, SlAlgadd, Slds1, Slsums1, Slsums2, Slconfig; columns
-and rows count from 0, headings included. Lines about a grid show its page.
+Grids: Slq, Sldim, Sllist, SlAlgadd, Slds1, Slsums1, Slsums2, Slg2a, Slconfig;
+columns and rows count from 0, headings included. Lines about a grid show its
+page.
 Pages with a label: Algadd, Sums1, Sums2, Graph1, Graph2.
 
 Exit status: 0 every line was carried out, 1 a line failed, 2 the options or a

@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <string>
 
+#include "batch/print_graph1.h"
+#include "graphs/graph2_table.h"
 #include "lattice/lattice_status.h"
 #include "text/integers.h"
 #include "workbench/command.h"
@@ -63,6 +65,16 @@ void print_grid(const GridModel& grid, Output& output) {
   }
 }
 
+/// Every pixel of the map into which a point was summed.
+void print_graph2(Pages& pages, const PictureSize& size, Output& output) {
+  pages.graph2().set_image({size.width, size.height});
+  pages.show(Page::graph2);
+  output.write("column\trow\tvalue\tcolour\n");
+  const Graph2Drawing* drawing = pages.graph2().drawing();
+  if (drawing == nullptr) return;
+  write_map_pixels(*drawing, [&](const std::string& line) { output.write(line); });
+}
+
 struct NamedPrinter {
   std::string_view what;
   void (*print)(Workbench& workbench, User user, Output& output);
@@ -89,11 +101,32 @@ constexpr std::array<LabelledPage, 5> labelled_pages{{
     {"label Graph2", Page::graph2},
 }};
 
+struct SizedPrinter {
+  std::string_view what;
+  void (*print)(Pages& pages, const PictureSize& size, Output& output);
+};
+
+/// Graphs, which may have a size behind their name.
+constexpr std::array<SizedPrinter, 2> sized_printers{{
+    {"Graph1", print_graph1},
+    {"Graph2", print_graph2},
+}};
+
 template <class Row, std::size_t size>
 const Row* find_row(const std::array<Row, size>& table, std::string_view what) {
   const auto found =
       std::find_if(table.begin(), table.end(), [&](const Row& row) { return row.what == what; });
   return found == table.end() ? nullptr : &*found;
+}
+
+/// Null where it is none of these, or where what stands behind is no size.
+Printer find_sized_printer(std::string_view what, Pages& pages) {
+  const std::size_t end = std::min(what.find(' '), what.size());
+  const SizedPrinter* printer = find_row(sized_printers, what.substr(0, end));
+  if (printer == nullptr) return nullptr;
+  const auto size = end < what.size() ? parse_picture_size(what.substr(end + 1)) : PictureSize{};
+  if (!size) return nullptr;
+  return [print = printer->print, &pages, size = *size](Output& output) { print(pages, size, output); };
 }
 
 }  // namespace
@@ -108,6 +141,7 @@ Printer find_printer(std::string_view what, Workbench& workbench, Pages& pages, 
       output.write(pages.label(page) + "\n");
     };
   }
+  if (Printer sized = find_sized_printer(what, pages)) return sized;
   if (!Pages::is_grid(what)) return nullptr;
   return [page = Pages::page_of(what), grid = pages.grid(what), &pages](Output& output) {
     pages.show(page);

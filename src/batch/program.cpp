@@ -35,17 +35,18 @@ ExitStatus write_text(const std::string& text, Output& output, const ScriptedUse
   return ExitStatus::line_failed;
 }
 
-ExitStatus run_options(const Options& options, Output& output, const ScriptedUser::Sink& report) {
+ExitStatus run_options(const Options& options, Output& output, const ScriptedUser::Sink& report,
+                       PictureWriter* pictures) {
   if (options.mode == Options::Mode::help) return write_text(help_text(), output, report);
   if (options.mode == Options::Mode::version) return write_text(version_text(), output, report);
   const std::vector<SourceLine> lines = read_lines(options);
   if (interrupted()) return ExitStatus::interrupted;
-  return Runner(options, output, report, interrupted).run(lines);
+  return Runner(options, output, report, interrupted, pictures).run(lines);
 }
 
 }  // namespace
 
-ExitStatus run_program(std::span<const char* const> arguments) {
+ExitStatus run_program(std::span<const char* const> arguments, PictureWriter* pictures) {
   install_signal_handlers();
   DescriptorOutput output(STDOUT_FILENO);
   DescriptorOutput reports(STDERR_FILENO);
@@ -56,7 +57,7 @@ ExitStatus run_program(std::span<const char* const> arguments) {
     reports.flush();
   };
   try {
-    return run_options(parse_options(arguments), output, report);
+    return run_options(parse_options(arguments), output, report, pictures);
   } catch (const option_error& error) {
     report(std::string("error: ") + error.what() + "\n  kovbatch --help shows the options");
     return ExitStatus::unreadable;

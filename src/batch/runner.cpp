@@ -18,7 +18,7 @@ ScriptedUser::Captions captions_of(const Options& options) {
 }  // namespace
 
 Runner::Runner(const Options& options, Output& output, ScriptedUser::Sink sink,
-               std::function<bool()> interrupted)
+               std::function<bool()> interrupted, PictureWriter* pictures)
     : options_(options),
       output_(output),
       sink_(std::move(sink)),
@@ -26,7 +26,7 @@ Runner::Runner(const Options& options, Output& output, ScriptedUser::Sink sink,
       user_(sink_, captions_of(options_)),
       workbench_(user_, WindowFacts{}),
       pages_(workbench_, user_.user()),
-      executor_(workbench_, pages_, user_, output_, sink_) {
+      executor_(workbench_, pages_, user_, output_, sink_, pictures) {
   user_.set_yes(options_.yes);
   user_.set_interrupted(interrupted_);
 }

@@ -8,6 +8,7 @@
 #include "batch/output.h"
 #include "batch/script.h"
 #include "interact/scripted_user.h"
+#include "pictures/picture_writer.h"
 #include "workbench/pages.h"
 #include "workbench/workbench.h"
 
@@ -20,8 +21,9 @@ enum class ExitStatus { success = 0, line_failed = 1, unreadable = 2, interrupte
 class Runner {
  public:
   /// The output takes what Print and Echo write, the sink the reports. interrupted is asked at every
-  /// check for Break and between lines.
-  Runner(const Options& options, Output& output, ScriptedUser::Sink sink, std::function<bool()> interrupted);
+  /// check for Break and between lines. Lines that draw need somebody who writes pictures.
+  Runner(const Options& options, Output& output, ScriptedUser::Sink sink, std::function<bool()> interrupted,
+         PictureWriter* pictures = nullptr);
   Runner(const Runner&) = delete;
   Runner& operator=(const Runner&) = delete;
 

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "batch/key_names.h"
+#include "graphs/value_map.h"
 #include "text/integers.h"
 #include "text/tokens.h"
 
@@ -75,6 +76,16 @@ ScriptLine parse_check(std::string_view rest) {
   return CheckLine{std::string(name), state == "on"};
 }
 
+ScriptLine parse_radio(std::string_view rest) {
+  Tokens tokens(rest);
+  const std::string_view page = tokens.next();
+  const auto index = parse_int32(tokens.next());
+  if (page != "Graph2" || !index || *index < 0 || *index >= MapChoice::count || !tokens.at_end()) {
+    return UnknownLine{"expected: Radio Graph2 INDEX, with INDEX from 0 to 9"};
+  }
+  return RadioLine{*index};
+}
+
 ScriptLine parse_break(std::string_view rest) {
   const auto check = parse_int32(trimmed(rest));
   if (!check || *check < 1) return UnknownLine{"expected: Break N, with N from 1 on"};
@@ -89,6 +100,23 @@ ScriptLine parse_print(std::string_view rest) {
     return UnknownLine{"expected: Print WHAT, or Print WHAT > FILE"};
   }
   return print;
+}
+
+/// The file's name may contain blanks; the last word is a size if it reads like one.
+ScriptLine parse_draw(std::string_view rest) {
+  Tokens tokens(rest);
+  const std::string_view graph = tokens.next();
+  DrawLine draw{graph == "Graph2" ? Page::graph2 : Page::graph1, std::string(trimmed(tokens.rest())), {}};
+  if (const std::size_t blank = draw.file.find_last_of(" \t"); blank != std::string::npos) {
+    if (const auto size = parse_picture_size(std::string_view(draw.file).substr(blank + 1))) {
+      draw.size = *size;
+      draw.file = trimmed(std::string_view(draw.file).substr(0, blank));
+    }
+  }
+  if ((graph != "Graph1" && graph != "Graph2") || draw.file.empty()) {
+    return UnknownLine{"expected: Draw Graph1 FILE [WIDTHxHEIGHT], or Graph2"};
+  }
+  return draw;
 }
 
 std::optional<GridCell> parse_cell(std::string_view text) {
@@ -145,13 +173,15 @@ struct Verb {
   ScriptLine (*parse)(std::string_view rest);
 };
 
-constexpr std::array<Verb, 9> verbs{{
+constexpr std::array<Verb, 11> verbs{{
     {"Set", parse_set},
     {"Check", parse_check},
+    {"Radio", parse_radio},
     {"Comment", parse_comment},
     {"Echo", parse_echo},
     {"Break", parse_break},
     {"Print", parse_print},
+    {"Draw", parse_draw},
     {"Cell", parse_cell_line},
     {"Key", parse_key_line},
     {"Click", parse_click_line},

@@ -7,7 +7,9 @@
 #include <variant>
 #include <vector>
 
+#include "batch/picture_size.h"
 #include "interact/grid_model.h"
+#include "workbench/workbench.h"
 
 namespace kov {
 
@@ -38,6 +40,12 @@ struct CheckLine {
   friend bool operator==(const CheckLine&, const CheckLine&) = default;
 };
 
+/// "Radio Graph2 INDEX", 0 ... 9.
+struct RadioLine {
+  int index = 0;
+  friend bool operator==(const RadioLine&, const RadioLine&) = default;
+};
+
 /// "Comment TEXT": the text behind the one blank that follows the word, further blanks included.
 struct CommentLine {
   std::string text;
@@ -61,6 +69,14 @@ struct PrintLine {
   std::string what;
   std::optional<std::string> file;
   friend bool operator==(const PrintLine&, const PrintLine&) = default;
+};
+
+/// "Draw Graph1 FILE" or "Draw Graph2 FILE", perhaps with a size behind the file.
+struct DrawLine {
+  Page page = Page::graph1;
+  std::string file;
+  PictureSize size;
+  friend bool operator==(const DrawLine&, const DrawLine&) = default;
 };
 
 /// A cell of a grid, which may have neither that name nor that cell.
@@ -98,8 +114,8 @@ struct UnknownLine {
   friend bool operator==(const UnknownLine&, const UnknownLine&) = default;
 };
 
-using ScriptLine = std::variant<CommandLine, SetLine, CheckLine, CommentLine, EchoLine, BreakLine, PrintLine,
-                                CellLine, KeyLine, ClickLine, UnknownLine>;
+using ScriptLine = std::variant<CommandLine, SetLine, CheckLine, RadioLine, CommentLine, EchoLine, BreakLine,
+                                PrintLine, DrawLine, CellLine, KeyLine, ClickLine, UnknownLine>;
 
 /// Reads one line without leading and trailing blanks that is neither empty nor a remark.
 ScriptLine parse_line(std::string_view line);

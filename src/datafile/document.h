@@ -1,23 +1,17 @@
 #pragma once
 
-#include <array>
-#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <string_view>
 
 #include "algadd/algadd.h"
 #include "config/cphclass.h"
+#include "graphs/curve_states.h"
 #include "lattice/lmap.h"
 #include "lattice/slice_view.h"
 #include "sums/range_tables.h"
 
 namespace kov {
-
-/// Number of curves whose states a data file keeps.
-inline constexpr int nyabs_max = 99;
-/// How each curve of the stacked graph is drawn: 0 not, 1 blue, 2 red.
-using CurveStates = std::array<std::int8_t, nyabs_max>;
 
 /// Everything that a data file holds.
 struct Document {
@@ -30,6 +24,7 @@ struct Document {
   Algadd algadd;
   RangeTables ranges;
   SliceView slice;
+  /// How each curve of the stacked graph is drawn.
   CurveStates curve_states{};
   /// The Comment page's text; its lines end with CR LF.
   std::string comment;

@@ -73,6 +73,15 @@ std::string floating_text(double value, int digits) {
   return text;
 }
 
+std::string exact_text(double value) {
+  constexpr int always_exact = 17;
+  for (int digits = 15; digits < always_exact; ++digits) {
+    std::string text = floating_text(value, digits);
+    if (parse_floating(text) == value) return text;
+  }
+  return floating_text(value, always_exact);
+}
+
 std::optional<double> parse_floating(std::string_view text) {
   if (text.starts_with('+')) {
     text.remove_prefix(1);

@@ -4,8 +4,8 @@
 
 namespace kov {
 
-std::string sum_progress_text(std::int64_t point, std::int64_t count) {
-  return "lattice point " + int_text(point) + " of " + int_text(count) + " summed up";
+std::string sum_progress_text(std::int64_t point, std::int64_t count, std::string_view done) {
+  return "lattice point " + int_text(point) + " of " + int_text(count) + " " + std::string(done);
 }
 
 bool SumProgress::check() {
@@ -15,7 +15,7 @@ bool SumProgress::check() {
 }
 
 void SumProgress::display() {
-  progress_.headline(sum_progress_text(point_, count_));
+  progress_.headline(sum_progress_text(point_, count_, done_));
   box_.at(point_);
   next_display_ += display_step_;
 }

@@ -3,13 +3,14 @@
 #include <algorithm>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "interact/progress.h"
 
 namespace kov {
 
-/// "lattice point 10000 of 20000 summed up".
-std::string sum_progress_text(std::int64_t point, std::int64_t count);
+/// "lattice point 10000 of 20000 summed up", or what else has been done with the points.
+std::string sum_progress_text(std::int64_t point, std::int64_t count, std::string_view done = "summed up");
 
 /// The progress of a walk over all points of the store, which shows the box as long as it lives.
 class SumProgress {
@@ -18,10 +19,13 @@ class SumProgress {
   static constexpr std::int64_t most_between_checks = 10'000;
 
   /// After every points_per_display-th point (at least 1) the walk is shown and Break is asked for.
-  SumProgress(Progress& progress, std::int64_t count, std::int64_t points_per_display)
+  /// done, which must outlive the walk, says what is done with the points.
+  SumProgress(Progress& progress, std::int64_t count, std::int64_t points_per_display,
+              std::string_view done = "summed up")
       : progress_(progress),
         box_(progress, 0, count),
         count_(count),
+        done_(done),
         display_step_(std::max<std::int64_t>(points_per_display, 1)),
         next_display_(display_step_),
         next_check_(std::min(display_step_, most_between_checks)) {}
@@ -36,6 +40,7 @@ class SumProgress {
   Progress& progress_;
   ProgressBox box_;
   std::int64_t count_;
+  std::string_view done_;
   std::int64_t display_step_;
   std::int64_t next_display_;
   /// The next display or sooner.

@@ -56,6 +56,7 @@ bool set_check_box(Workbench& workbench, std::string_view name, bool checked) {
   workbench.graph1_checked[*index] = checked;
   cphclass& cph = workbench.document.cph;
   if (cph.kmi("Graph1_CB_state_saving") != 0) cph.setkmi_1(graph1_boxes[*index].keyword, checked ? 1 : 0);
+  workbench.display().graph1_box_changed();
   return true;
 }
 

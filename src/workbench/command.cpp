@@ -16,7 +16,7 @@ std::vector<Command> every_group() {
   std::vector<Command> all;
   for (const std::span<const Command> group :
        {file_commands(), util_commands(), cmd_commands(), mod_commands(), alg_commands(), help_commands(),
-        bar_commands(), algadd_table_commands(), sums1_commands()}) {
+        bar_commands(), algadd_table_commands(), sums1_commands(), graph1_commands(), graph2_commands()}) {
     all.insert(all.end(), group.begin(), group.end());
   }
   return all;

@@ -14,7 +14,7 @@ namespace kov {
 /// line names.
 struct Command {
   /// "File", "Util", "Cmd", "Mod", "Alg", "Help", "Bar" (items of the menu bar itself), or the page
-  /// whose button it is: "Algadd", "Sums1".
+  /// whose button it is: "Algadd", "Sums1", "Graph1", "Graph2".
   std::string_view menu;
   /// As the menu is built, "&" included.
   std::string_view caption;

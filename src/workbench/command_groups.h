@@ -19,5 +19,9 @@ std::span<const Command> bar_commands();
 std::span<const Command> algadd_table_commands();
 /// The buttons of the Sums1 page's Modify Range menu.
 std::span<const Command> sums1_commands();
+/// The labels of the Graph1 page that can be clicked, by their names.
+std::span<const Command> graph1_commands();
+/// The buttons of the Graph2 page, by their names.
+std::span<const Command> graph2_commands();
 
 }  // namespace kov

@@ -12,6 +12,7 @@
 #include "text/integers.h"
 #include "workbench/command_groups.h"
 #include "workbench/file_context.h"
+#include "workbench/search_comb.h"
 
 namespace kov {
 namespace {
@@ -123,7 +124,7 @@ std::string warning_level_item(const Workbench& workbench) {
 void exit_program(Workbench& workbench, User) { workbench.exit_requested = true; }
 
 // clang-format off
-constexpr std::array<Command, 13> file_rows{{
+constexpr std::array<Command, 14> file_rows{{
     {"File", "&Open",            "Ctrl+O",       open},
     {"File", "Read again",       "Ctrl+R",       read_again},
     {"File", "Read indiv.",      "Ctrl+I",       read_individual},
@@ -136,6 +137,7 @@ constexpr std::array<Command, 13> file_rows{{
     {"File", "Save Cfg quickly", "Ctrl+Shift+C", save_cfg_quickly},
     {"File", "Del Cfg File",     "",             delete_cfg_file, cfg_file_exists},
     {"File", "C. Warnlevel",     "",             change_warning_level, nullptr, warning_level_item},
+    {"File", "Search Comb",      "Ctrl+X",       search_comb},
     {"File", "Exit",             "",             exit_program},
 }};
 // clang-format on

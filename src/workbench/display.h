@@ -20,6 +20,10 @@ class Display {
   virtual void ranges_changed() {}
   /// The parameter's value was set and applied.
   virtual void parameter_changed(std::string_view) {}
+  /// One of Graph1's check boxes was clicked.
+  virtual void graph1_box_changed() {}
+  /// Graph1's label Label_g1_oplot was clicked, and its parameter set.
+  virtual void graph1_oplot_changed() {}
   /// A read has replaced everything, parameters included, and the page to be shown is chosen.
   virtual void document_changed() {}
 };

@@ -15,7 +15,7 @@ struct NamedGrid {
 };
 
 // In the order of Pages::all().
-constexpr std::array<NamedGrid, 8> grids{{
+constexpr std::array<NamedGrid, 9> grids{{
     {"Slq", Page::lattices},
     {"Sldim", Page::lattices},
     {"Sllist", Page::list},
@@ -23,6 +23,7 @@ constexpr std::array<NamedGrid, 8> grids{{
     {"Slds1", Page::sums1},
     {"Slsums1", Page::sums1},
     {"Slsums2", Page::sums2},
+    {"Slg2a", Page::graph2},
     {"Slconfig", Page::config},
 }};
 
@@ -39,13 +40,18 @@ struct ShownParameters {
 };
 
 // clang-format off
-constexpr std::array<ShownParameters, 6> shown_parameters{{
+constexpr std::array<ShownParameters, 11> shown_parameters{{
     {"Slq_",      Page::lattices},
     {"SlAlgadd_", Page::algadd},
     {"Sums_",     Page::sums1},
     {"Sums1_",    Page::sums1},
     {"Sums_",     Page::sums2},
     {"Sums2_",    Page::sums2},
+    {"Graph_",    Page::graph1},
+    {"Graph1_",   Page::graph1},
+    {"Graph_",    Page::graph2},
+    {"Graph2_",   Page::graph2},
+    {"Graph2a_",  Page::graph2},
 }};
 // clang-format on
 
@@ -67,9 +73,25 @@ Pages::Pages(Workbench& workbench, User user)
       slds1_(workbench.document.ranges, workbench.sums1, workbench.document.cph, user),
       slsums1_(workbench.sums1, workbench.document.cph, user),
       slsums2_(workbench.document.lmap, workbench.document.cph, user),
-      config_(workbench.document.cph, workbench.window, user.messages) {
+      config_(workbench.document.cph, workbench.window, user.messages),
+      graph1_({.lmap = workbench.document.lmap,
+               .tables = workbench.document.ranges,
+               .cph = workbench.document.cph,
+               .checked = workbench.graph1_checked,
+               .oplot = workbench.graph1_overlay,
+               .file_name = [&workbench] { return workbench.file.chosen ? workbench.file.name() : ""; }},
+              user.messages, user.progress),
+      graph2_({.lmap = workbench.document.lmap,
+               .tables = workbench.document.ranges,
+               .cph = workbench.document.cph,
+               .states = workbench.document.curve_states,
+               .radio_index = workbench.graph2_radio_index,
+               .file_name = [&workbench] { return workbench.file.chosen ? workbench.file.name() : ""; }},
+              user),
+      slg2a_(workbench.document.curve_states, workbench.document.cph, user) {
   wire_lattice_grids();
   wire_algadd_grid();
+  wire_graph2();
   workbench_.sums1.set_changed([this] {
     slsums1_.give_up_edit();
     changed();
@@ -96,6 +118,16 @@ void Pages::wire_algadd_grid() {
     workbench_.algadd_menu_open = shown;
     changed();
   });
+}
+
+void Pages::wire_graph2() {
+  slg2a_.set_y_of_curve([this](int curve) { return graph2_.y_of_curve(curve); });
+  slg2a_.set_states_changed([this] { redisplay([this] { graph2_.draw_curves_anew(); }); });
+}
+
+void Pages::choose_graph2_radio(int index) {
+  redisplay([&] { graph2_.radio(index); });
+  show_config_if_active();
 }
 
 GridModel* Pages::grid(std::string_view name) {
@@ -129,8 +161,12 @@ void Pages::leave_grids() {
 }
 
 void Pages::refresh() {
+  redisplay([this] { show_active_page(); });
+}
+
+void Pages::redisplay(const std::function<void()>& show) {
   try {
-    show_active_page();
+    show();
   } catch (const std::bad_alloc&) {
     user_.messages.error("Not enough memory to redisplay the page.");
   }
@@ -138,6 +174,7 @@ void Pages::refresh() {
 }
 
 void Pages::show_active_page() {
+  if (!is_active(Page::graph2)) graph2_.release();
   switch (static_cast<Page>(workbench_.active_page)) {
     case Page::lattices:
       sldim_.show();
@@ -152,9 +189,12 @@ void Pages::show_active_page() {
       return slsums2_.show();
     case Page::config:
       return config_.show();
-    case Page::comment:
     case Page::graph1:
+      return graph1_.show();
     case Page::graph2:
+      graph2_.redraw();
+      return slg2a_.show();
+    case Page::comment:
       return;
   }
 }
@@ -168,7 +208,13 @@ void Pages::show_config_if_active() {
   if (is_active(Page::config)) config_.show();
 }
 
-void Pages::page_chosen() { refresh(); }
+void Pages::page_chosen() {
+  if (!is_active(Page::graph2)) return refresh();
+  redisplay([this] {
+    graph2_.shown();
+    slg2a_.show();
+  });
+}
 
 void Pages::algadd_changed() {
   algadd_.refill();
@@ -178,6 +224,7 @@ void Pages::algadd_changed() {
 void Pages::ranges_changed() {
   slds1_.give_up_edit();
   show_config_if_active();
+  if (is_active(Page::graph1) || is_active(Page::graph2)) return refresh();
   changed();
 }
 
@@ -187,9 +234,22 @@ void Pages::parameter_changed(std::string_view keyword) {
   if (keyword == "Sums1_DefaultTableIndex") slds1_.give_up_edit();
   if (keyword == "Sums1_DefaultTableIndex" && is_active(Page::sums1)) {
     workbench_.sums1.range_changed(user_);
-  } else if (shows(static_cast<Page>(workbench_.active_page), keyword)) {
+  } else if (shows(static_cast<Page>(workbench_.active_page), keyword) ||
+             (keyword == "Sums1_DefaultTableIndex" && (is_active(Page::graph1) || is_active(Page::graph2)))) {
     refresh();
   }
+  changed();
+}
+
+void Pages::graph1_box_changed() {
+  show_config_if_active();
+  if (is_active(Page::graph1)) return redisplay([this] { graph1_.check_box_changed(); });
+  changed();
+}
+
+void Pages::graph1_oplot_changed() {
+  show_config_if_active();
+  if (is_active(Page::graph1)) return redisplay([this] { graph1_.oplot_changed(); });
   changed();
 }
 
@@ -213,6 +273,10 @@ std::string Pages::label(Page page) const {
       return workbench_.sums1.label();
     case Page::sums2:
       return slsums2_.sums2().label();
+    case Page::graph1:
+      return graph1_.label();
+    case Page::graph2:
+      return graph2_.label();
     default:
       return {};
   }

@@ -8,6 +8,9 @@
 
 #include "algadd/algadd_grid.h"
 #include "config/config_grid.h"
+#include "graphs/graph1_page.h"
+#include "graphs/graph2_page.h"
+#include "graphs/slg2a_grid.h"
 #include "interact/grid_model.h"
 #include "interact/user.h"
 #include "lattice/list_grid.h"
@@ -36,7 +39,7 @@ class Pages : private Display {
   Pages& operator=(const Pages&) = delete;
 
   /// The grid of this name ("Slq", "Sldim", "Sllist", "SlAlgadd", "Slds1", "Slsums1", "Slsums2",
-  /// "Slconfig"), or null.
+  /// "Slg2a", "Slconfig"), or null.
   GridModel* grid(std::string_view name);
   static bool is_grid(std::string_view name);
   /// The page that holds the grid of this name; only for names that grid() knows.
@@ -52,8 +55,8 @@ class Pages : private Display {
   /// Takes the edit under way in the grid that has one, as leaving it does; before a command runs.
   void leave_grids();
 
-  /// The text that a page shows behind or beside its grid: "Sums1", "Sums2", "Algadd" (the table menu's
-  /// summary); empty where there is none or for another page.
+  /// The text that a page shows behind or beside its grid or picture: "Sums1", "Sums2", "Graph1", "Graph2",
+  /// "Algadd" (the table menu's summary); empty where there is none or for another page.
   std::string label(Page page) const;
 
   /// Called whenever what stands around the grids may have changed: which page is active, a menu of a
@@ -68,6 +71,11 @@ class Pages : private Display {
   Sums1Grid& slsums1() { return slsums1_; }
   Sums2Grid& slsums2() { return slsums2_; }
   ConfigGrid& config() { return config_; }
+  Graph1Page& graph1() { return graph1_; }
+  Graph2Page& graph2() { return graph2_; }
+  Slg2aGrid& slg2a() { return slg2a_; }
+  /// A click on one of Graph2's radio buttons, 0 ... 9.
+  void choose_graph2_radio(int index);
 
  private:
   void page_chosen() override;
@@ -75,20 +83,25 @@ class Pages : private Display {
   void algadd_changed() override;
   void ranges_changed() override;
   void parameter_changed(std::string_view keyword) override;
+  void graph1_box_changed() override;
+  void graph1_oplot_changed() override;
   void document_changed() override;
 
   void wire_lattice_grids();
   void wire_algadd_grid();
+  void wire_graph2();
   bool is_active(Page page) const { return workbench_.active_page == static_cast<int>(page); }
   void show_active_page();
   void show_sums1();
+  /// A redisplay of one page, which a lack of memory must not leave.
+  void redisplay(const std::function<void()>& show);
   /// After what may also have set a parameter.
   void show_config_if_active();
   /// A cell of the slice was stored, or the slice is another one.
   void slice_edited();
   /// Every grid. The slice's comes before its definition's, whose edit makes the slice another one.
-  std::array<GridModel*, 8> all() {
-    return {&slq_, &sldim_, &sllist_, &algadd_, &slds1_, &slsums1_, &slsums2_, &config_};
+  std::array<GridModel*, 9> all() {
+    return {&slq_, &sldim_, &sllist_, &algadd_, &slds1_, &slsums1_, &slsums2_, &slg2a_, &config_};
   }
   void changed() const {
     if (changed_) changed_();
@@ -104,6 +117,9 @@ class Pages : private Display {
   Sums1Grid slsums1_;
   Sums2Grid slsums2_;
   ConfigGrid config_;
+  Graph1Page graph1_;
+  Graph2Page graph2_;
+  Slg2aGrid slg2a_;
   std::function<void()> changed_;
 };
 

@@ -61,6 +61,7 @@ void Workbench::apply_parameter(std::string_view keyword, Messages& messages) {
     if (effect.keyword == keyword) apply(effect, *this, messages);
   }
   take_check_box_from_parameter(*this, keyword);
+  if (keyword == "Graph2a_ny") reset_curve_states(document.curve_states, document.cph.kmi(keyword));
   display_->parameter_changed(keyword);
 }
 

@@ -115,7 +115,8 @@ TEST(PrintLabel, ShowsItsPageAndWritesTheText) {
       "Print label  Sums2\nPrint label Graph1\nPrint label Graph2");
   EXPECT_EQ(session.output,
             " Table 0   ( 1 empty in 0..0 ,    16 empty in 0..15 ) \n\n\n"
-            " Double clíck on table \n or close this menu \n to sum up \n\n\n\n");
+            " Double clíck on table \n or close this menu \n to sum up \n\n Click on checkboxes to draw "
+            "Sums1 along x\n\n");
   EXPECT_EQ(session.status, 0);
 }
 
@@ -235,7 +236,7 @@ TEST(GridLines, OfAnActivePageFollowCommands) {
 
 TEST(GridLines, ThatCannotBeCarriedOutFail) {
   const std::vector<std::pair<const char*, const char*>> cases = {
-      {"Cell Slg2a 1,1 5", "error: no such grid: Slg2a"},
+      {"Cell Slg2b 1,1 5", "error: no such grid: Slg2b"},
       {"Key slq 1,1 P", "error: no such grid: slq"},
       {"Click Sums1 1,1 left", "error: no such grid: Sums1"},
       {"Key Slq 1,1 Return", "error: no such key: Return"},
@@ -245,6 +246,8 @@ TEST(GridLines, ThatCannotBeCarriedOutFail) {
       {"Click Slq 1,-1 left", "error: no such cell: Slq 1,-1"},
       {"Cell Slq 0,1 5", "error: a cell that cannot be edited: Slq 0,1"},
       {"Cell Sllist 1,1 5", "error: a cell that cannot be edited: Sllist 1,1"},
+      {"Cell Slg2a 0,1 5", "error: a cell that cannot be edited: Slg2a 0,1"},
+      {"Key Slg2a 1,1 1", "error: no such cell: Slg2a 1,1"},
       {"Cell Slconfig 3,1 5", "error: a cell that cannot be edited: Slconfig 3,1"},
   };
   for (const auto& [line, error] : cases) {

@@ -115,8 +115,8 @@ TEST(Print, OtherWordsAreUnknown) {
   ScriptedUser person([](const std::string&) {});
   Workbench workbench(person, WindowFacts{});
   Pages pages(workbench, person.user());
-  for (const char* what : {"Status", "slsums1", "", "Slg2a", "Graph1", "label", "label Lattices",
-                           "label sums1", "labels Sums1"}) {
+  for (const char* what : {"Status", "slsums1", "", "Slg2b", "Graph3", "Graph2 0x", "Graph2 5",
+                           "Graph2 1000x700 2", "label", "label Lattices", "label sums1", "labels Sums1"}) {
     EXPECT_FALSE(find_printer(what, workbench, pages, person.user())) << what;
   }
 }

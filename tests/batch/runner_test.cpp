@@ -82,7 +82,7 @@ INSTANTIATE_TEST_SUITE_P(Runner, Fail, testing::Values(
     FailCase{"File/Opne: x",               {"error: no such command: File/Opne"}},
     FailCase{"File/&Open: x",              {"error: no such command: File/&Open"}},
     FailCase{"Mod/Init n=0 area",          {"error: no such command: Mod/Init n=0 area"}},
-    FailCase{"Graph2/Button_g2a_ny: 5",    {"error: no such command: Graph2/Button_g2a_ny"}},
+    FailCase{"Graph2/Button_g2a: 5",       {"error: no such command: Graph2/Button_g2a"}},
     FailCase{"Alg/Start Algadd: 2",        {"error: disabled now: Alg/Start Algadd"}},
     FailCase{"File/Del Cfg File: yes",     {"error: disabled now: File/Del Cfg File"}},
     FailCase{"A/B: 1 |",                   {"error: an empty answer is written \"\""}},
@@ -102,10 +102,10 @@ INSTANTIATE_TEST_SUITE_P(Runner, Fail, testing::Values(
     FailCase{"Check CB9 on",               {"error: no such check box: CB9"}},
     FailCase{"Check CB0qre",               {"error: expected: Check NAME on, or off"}},
     FailCase{"Print nonsense",             {"error: nothing to print: nonsense"}},
-    FailCase{"Print Slg2a",                {"error: nothing to print: Slg2a"}},
+    FailCase{"Print Slg2b",                {"error: nothing to print: Slg2b"}},
     FailCase{"Break 0",                    {"error: expected: Break N, with N from 1 on"}},
-    FailCase{"Draw Graph1 x.png",          {"error: no such line"}},
-    FailCase{"Radio Graph2 1",             {"error: no such line"}}));
+    FailCase{"Draw Graph1 x.png",          {"error: this kovbatch was built without pictures"}},
+    FailCase{"Radio Graph2 10",            {"error: expected: Radio Graph2 INDEX, with INDEX from 0 to 9"}}));
 // clang-format on
 
 TEST(Runner, WhatIsNoFailureIsNone) {

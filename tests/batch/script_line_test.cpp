@@ -21,14 +21,27 @@ TEST_P(ParseLine, GivesItsValue) {
 const UnknownLine no_such_line{"no such line"};
 const UnknownLine empty_answer{"an empty answer is written \"\""};
 const UnknownLine set_form{"expected: Set KEYWORD VALUE"};
+const UnknownLine radio_form{"expected: Radio Graph2 INDEX, with INDEX from 0 to 9"};
 const UnknownLine check_form{"expected: Check NAME on, or off"};
 const UnknownLine break_form{"expected: Break N, with N from 1 on"};
 const UnknownLine cell_form{"expected: Cell GRID COLUMN,ROW TEXT"};
 const UnknownLine key_form{"expected: Key GRID COLUMN,ROW KEY"};
 const UnknownLine click_form{"expected: Click GRID COLUMN,ROW left, or right, or double"};
 const UnknownLine print_form{"expected: Print WHAT, or Print WHAT > FILE"};
+const UnknownLine draw_form{"expected: Draw Graph1 FILE [WIDTHxHEIGHT], or Graph2"};
 
 // clang-format off
+INSTANTIATE_TEST_SUITE_P(Draw, ParseLine, testing::Values(
+    LineCase{"Draw Graph1 a.png",                    DrawLine{Page::graph1, "a.png", {}}},
+    LineCase{"Draw Graph2 a.svg 1200x900",           DrawLine{Page::graph2, "a.svg", {1200, 900}}},
+    LineCase{"Draw  Graph2\ta b.svg   12x9",         DrawLine{Page::graph2, "a b.svg", {12, 9}}},
+    LineCase{"Draw Graph1 1200x900",                 DrawLine{Page::graph1, "1200x900", {}}},
+    LineCase{"Draw Graph1 a.png 1200",               DrawLine{Page::graph1, "a.png 1200", {}}},
+    LineCase{"Draw Graph1 x 99999x1",                DrawLine{Page::graph1, "x 99999x1", {}}},
+    LineCase{"Draw Graph1",                          draw_form},
+    LineCase{"Draw",                                 draw_form},
+    LineCase{"Draw Sums1 a.png",                     draw_form}));
+
 INSTANTIATE_TEST_SUITE_P(Command, ParseLine, testing::Values(
     LineCase{"File/Open",                            CommandLine{"File", "Open", {}}},
     LineCase{"File/Open:",                           CommandLine{"File", "Open", {}}},
@@ -95,6 +108,14 @@ INSTANTIATE_TEST_SUITE_P(Verbs, ParseLine, testing::Values(
     LineCase{"Check CB0qre",                         check_form},
     LineCase{"Check CB0qre On",                      check_form},
     LineCase{"Check CB0qre on on",                   check_form},
+    LineCase{"Radio Graph2 0",                       RadioLine{0}},
+    LineCase{"Radio  Graph2 9",                      RadioLine{9}},
+    LineCase{"Radio Graph2 10",                      radio_form},
+    LineCase{"Radio Graph2 -1",                      radio_form},
+    LineCase{"Radio Graph2",                         radio_form},
+    LineCase{"Radio Graph2 1 2",                     radio_form},
+    LineCase{"Radio Graph2 x",                       radio_form},
+    LineCase{"Radio Graph1 1",                       radio_form},
     LineCase{"Comment",                              CommentLine{""}},
     LineCase{"Comment a  b",                         CommentLine{"a  b"}},
     LineCase{"Comment   indented: |",                CommentLine{"  indented: |"}},

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cfloat>
 #include <cmath>
 #include <limits>
@@ -81,6 +82,41 @@ TEST(FloatingText, NoFiniteValue) {
   EXPECT_EQ(floating_text(std::numeric_limits<double>::infinity(), 15), "inf");
   EXPECT_EQ(floating_text(-std::numeric_limits<double>::infinity(), 15), "-inf");
   EXPECT_EQ(floating_text(std::numeric_limits<double>::quiet_NaN(), 15), "nan");
+}
+
+TEST(ExactText, HasNoMoreDigitsThanItTakes) {
+  struct Row {
+    double value;
+    std::string_view text;
+  };
+  // clang-format off
+  constexpr Row rows[] = {
+      {0.0,                   "0"},
+      {-0.0,                  "0"},
+      {0.1,                   "0.1"},
+      {-0.1,                  "-0.1"},
+      {1e5,                   "100000"},
+      {1e20,                  "1E20"},
+      {1.0 / 3.0,             "0.3333333333333333"},
+      {2.0 / 3.0,             "0.6666666666666666"},
+      {0.1 + 0.2,             "0.30000000000000004"},
+      {9007199254740993.0,    "9007199254740992"},
+      {DBL_MAX,               "1.7976931348623157E308"},
+      {-DBL_MAX,              "-1.7976931348623157E308"},
+  };
+  // clang-format on
+  for (const Row& row : rows) EXPECT_EQ(exact_text(row.value), row.text);
+}
+
+TEST(ExactText, ReadsBackAsTheSameValue) {
+  double value = 5e-324;
+  for (int i = 0; i < 10'000; ++i) {
+    ASSERT_EQ(parse_floating(exact_text(value)), value) << i;
+    ASSERT_EQ(parse_floating(exact_text(-value)), -value) << i;
+    value = std::max(value * 1.2309149097933274, std::nextafter(value, 1.0));
+    if (!std::isfinite(value)) return;
+  }
+  FAIL() << "the values did not reach the largest double";
 }
 
 TEST(ParseFloating, Values) {

@@ -49,7 +49,7 @@ constexpr MenuRow menu_rows[] = {
     {"File", "Read till n", ""}, {"File", "Read new Cfg", ""}, {"File", "Reset Cfg", ""},
     {"File", "Save", "Ctrl+S"}, {"File", "Save as", "Ctrl+Shift+S"}, {"File", "Save Cfg", ""},
     {"File", "Save Cfg quickly", "Ctrl+Shift+C"}, {"File", "Del Cfg File", ""}, {"File", "C. Warnlevel", ""},
-    {"File", "Exit", ""},
+    {"File", "Search Comb", "Ctrl+X"}, {"File", "Exit", ""},
     {"Util", "ActPage", "Ctrl+Y"},
     {"Cmd", "Move All", ""}, {"Cmd", "Move Part", ""}, {"Cmd", "Copy Part", ""}, {"Cmd", "Delete All", ""},
     {"Cmd", "Delete Part", ""}, {"Cmd", "Delete all n>0", "Ctrl+D"}, {"Cmd", "Delete all but last", ""},
@@ -76,6 +76,8 @@ constexpr MenuRow menu_rows[] = {
     {"Sums1", "Set Min to 0", ""}, {"Sums1", "Set Max to 0", ""}, {"Sums1", "Exchange Ranges", ""},
     {"Sums1", "Set Table to Default", ""}, {"Sums1", "Change Table Number", ""}, {"Sums1", "Copy Table", ""},
     {"Sums1", "Close", ""},
+    {"Graph1", "Label_g1_oplot", ""},
+    {"Graph2", "Button_g2a_ny", ""},
 };
 // clang-format on
 

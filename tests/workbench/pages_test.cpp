@@ -13,13 +13,14 @@
 namespace kov {
 namespace {
 
-constexpr std::array<std::pair<const char*, Page>, 8> grid_pages{{{"Slq", Page::lattices},
+constexpr std::array<std::pair<const char*, Page>, 9> grid_pages{{{"Slq", Page::lattices},
                                                                   {"Sldim", Page::lattices},
                                                                   {"Sllist", Page::list},
                                                                   {"SlAlgadd", Page::algadd},
                                                                   {"Slds1", Page::sums1},
                                                                   {"Slsums1", Page::sums1},
                                                                   {"Slsums2", Page::sums2},
+                                                                  {"Slg2a", Page::graph2},
                                                                   {"Slconfig", Page::config}}};
 
 TEST(Pages, KnowTheirGridsByName) {
@@ -35,8 +36,9 @@ TEST(Pages, KnowTheirGridsByName) {
   EXPECT_EQ(desk.pages.grid("Slds1"), &desk.pages.slds1());
   EXPECT_EQ(desk.pages.grid("Slsums1"), &desk.pages.slsums1());
   EXPECT_EQ(desk.pages.grid("Slsums2"), &desk.pages.slsums2());
+  EXPECT_EQ(desk.pages.grid("Slg2a"), &desk.pages.slg2a());
   EXPECT_EQ(desk.pages.grid("Slconfig"), &desk.pages.config());
-  for (const char* name : {"", "slq", "Slg2a", "Sums1"}) {
+  for (const char* name : {"", "slq", "Slg2b", "Sums1"}) {
     EXPECT_FALSE(Pages::is_grid(name)) << name;
     EXPECT_EQ(desk.pages.grid(name), nullptr) << name;
   }
@@ -190,14 +192,18 @@ TEST(Pages, ActPageShowsThePage) {
 
 TEST(Pages, LabelsAreTheTextsBesideTheGrids) {
   PagesDesk desk;
-  for (const Page page : {Page::sums1, Page::sums2, Page::graph1, Page::graph2, Page::lattices}) {
+  for (const Page page : {Page::sums1, Page::sums2, Page::graph1, Page::lattices}) {
     desk.pages.show(page);
     EXPECT_EQ(desk.pages.label(page), "");
   }
+  desk.pages.show(Page::graph2);
+  EXPECT_EQ(desk.pages.label(Page::graph2), " no different x");
   EXPECT_EQ(desk.pages.label(Page::algadd), " Table 0   ( 1 empty in 0..0 ,    16 empty in 0..15 ) ");
   desk.fill_rows(0, 9);
   desk.pages.show(Page::sums1);
   EXPECT_EQ(desk.pages.label(Page::sums1), " Double clíck on table \n or close this menu \n to sum up ");
+  desk.pages.show(Page::graph1);
+  EXPECT_EQ(desk.pages.label(Page::graph1), " Click on checkboxes to draw Sums1 along x");
   desk.person.break_at_check(1);
   desk.pages.show(Page::sums2);
   EXPECT_EQ(desk.pages.label(Page::sums2), " Creating Sums2 was stopped by Break ");
