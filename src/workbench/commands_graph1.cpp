@@ -15,12 +15,12 @@ std::string oplot_caption(const Workbench& workbench) {
   return workbench.graph1_overlay ? "oplot: on" : "oplot: off";
 }
 
-constexpr std::array<Command, 1> rows{{
+constexpr std::array<Command, 1> graph1_rows{{
     {"Graph1", "Label_g1_oplot", "", toggle_oplot, nullptr, oplot_caption},
 }};
 
 }  // namespace
 
-std::span<const Command> graph1_commands() { return rows; }
+std::span<const Command> graph1_commands() { return graph1_rows; }
 
 }  // namespace kov

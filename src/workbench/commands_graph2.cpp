@@ -13,12 +13,12 @@ void set_ny(Workbench& workbench, User user) {
 
 std::string ny_caption(const Workbench& workbench) { return Button_g2a_ny_caption(workbench.document.cph); }
 
-constexpr std::array<Command, 1> rows{{
+constexpr std::array<Command, 1> graph2_rows{{
     {"Graph2", "Button_g2a_ny", "", set_ny, nullptr, ny_caption},
 }};
 
 }  // namespace
 
-std::span<const Command> graph2_commands() { return rows; }
+std::span<const Command> graph2_commands() { return graph2_rows; }
 
 }  // namespace kov

@@ -41,8 +41,7 @@ std::string range_table_text(const RangeTables& tables) {
   for (std::size_t range = 0; range < table.range.size(); ++range) {
     text += "\nRange " + int_text(static_cast<std::int64_t>(range) + 1) +
             ": x=" + coordinate_name(table.icoo_along_x_in_g[range]) +
-            " y=" + coordinate_name(table.icoo_along_y_in_g2[range]) + ", " +
-            range_title(table.range[range]);
+            " y=" + coordinate_name(table.icoo_along_y_in_g2[range]) + ", " + range_title(table.range[range]);
   }
   return text;
 }

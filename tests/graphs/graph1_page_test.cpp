@@ -34,7 +34,7 @@ struct PageDesk : Graph1Desk {
   }
 };
 
-bool has_text(const Picture& picture, const std::string& text) {
+bool says(const Picture& picture, const std::string& text) {
   return std::any_of(picture.texts.begin(), picture.texts.end(), [&](const PictureText& candidate) {
     return candidate.text.find(text) != std::string::npos;
   });
@@ -141,7 +141,7 @@ TEST(Graph1Page, BreakLeavesNoDrawingAndTheNextClickCalculates) {
   EXPECT_FALSE(desk.page.drawn());
   EXPECT_EQ(desk.page.label(), invitation);
   EXPECT_TRUE(desk.page.table().rows.empty());
-  EXPECT_TRUE(has_text(desk.page.picture(400, 300, desk.measure), "Click on checkboxes"));
+  EXPECT_TRUE(says(desk.page.picture(400, 300, desk.measure), "Click on checkboxes"));
   desk.page.check_box_changed();
   EXPECT_TRUE(desk.page.drawn());
 }
@@ -166,7 +166,7 @@ TEST(Graph1Page, WhileItCalculatesNothingIsDrawn) {
     EXPECT_FALSE(desk.page.drawn());
     EXPECT_TRUE(desk.page.table().rows.empty());
     // The progress box may let the page paint itself, in another size too.
-    EXPECT_TRUE(has_text(desk.page.picture(300, 200, desk.measure), "Click on"));
+    EXPECT_TRUE(says(desk.page.picture(300, 200, desk.measure), "Click on"));
   };
   desk.page.show();
   EXPECT_EQ(looks, 2);
@@ -229,7 +229,7 @@ TEST(Graph1Page, APictureOfAFittedPageIsNotCalculatedAgain) {
   const Picture picture = desk.page.picture(400, 300, desk.measure);
   EXPECT_FALSE(desk.calculated());
   EXPECT_LT(desk.page.par().hpixcount, 400);
-  EXPECT_TRUE(has_text(picture, "walk.aa1, range table 0"));
+  EXPECT_TRUE(says(picture, "walk.aa1, range table 0"));
   // Another height has the same columns.
   desk.page.picture(400, 350, desk.measure);
   EXPECT_FALSE(desk.calculated());
@@ -243,7 +243,7 @@ TEST(Graph1Page, APictureWithoutADrawingShowsTheLabel) {
   desk.checked = {};
   const Picture picture = desk.page.picture(400, 300, desk.measure);
   ASSERT_EQ(picture.texts.size(), 1U);
-  EXPECT_TRUE(has_text(picture, "cnt=0"));
+  EXPECT_TRUE(says(picture, "cnt=0"));
 }
 
 TEST(Graph1Page, TheTableHasARowForEachColumnOfTheDrawnRanges) {

@@ -13,7 +13,7 @@
 namespace kov {
 namespace {
 
-const PlainMeasure measure;
+const PlainMeasure legend_measure;
 
 Picture empty_picture(int width, int height) {
   Picture picture;
@@ -23,37 +23,37 @@ Picture empty_picture(int width, int height) {
 }
 
 TEST(FittedText, IsWholeWhereItFits) {
-  EXPECT_EQ(fitted_text("abcde", 30, 10, measure), "abcde");
-  EXPECT_EQ(fitted_text("", 0, 10, measure), "");
+  EXPECT_EQ(fitted_text("abcde", 30, 10, legend_measure), "abcde");
+  EXPECT_EQ(fitted_text("", 0, 10, legend_measure), "");
 }
 
 TEST(FittedText, IsCutBetweenCharactersWithAnEllipsis) {
-  EXPECT_EQ(fitted_text("abcdef", 30, 10, measure), "abcd…");
-  EXPECT_EQ(fitted_text("äöüßéè", 30, 10, measure), "äöüß…");
-  EXPECT_EQ(fitted_text("äöüß", 12, 10, measure), "ä…");
-  EXPECT_EQ(fitted_text("abcdef", 6, 10, measure), "…");
-  EXPECT_EQ(fitted_text("abcdef", 5, 10, measure), "");
-  EXPECT_EQ(fitted_text("abcdef", -5, 10, measure), "");
+  EXPECT_EQ(fitted_text("abcdef", 30, 10, legend_measure), "abcd…");
+  EXPECT_EQ(fitted_text("äöüßéè", 30, 10, legend_measure), "äöüß…");
+  EXPECT_EQ(fitted_text("äöüß", 12, 10, legend_measure), "ä…");
+  EXPECT_EQ(fitted_text("abcdef", 6, 10, legend_measure), "…");
+  EXPECT_EQ(fitted_text("abcdef", 5, 10, legend_measure), "");
+  EXPECT_EQ(fitted_text("abcdef", -5, 10, legend_measure), "");
 }
 
 TEST(Title, StandsAboveThePlotAtItsLeftEdge) {
   Picture picture = empty_picture(400, 300);
   const PlotArea area{60, 40, 300, 200};
-  draw_title(picture, area, "walk2d.aa1", measure);
+  draw_title(picture, area, "walk2d.aa1", legend_measure);
   ASSERT_EQ(picture.texts.size(), 1U);
-  const TextExtent extent = extent_of(picture.texts.front(), measure);
+  const TextExtent extent = extent_of(picture.texts.front(), legend_measure);
   EXPECT_EQ(extent.left, area.left);
   EXPECT_GE(extent.top, 0);
-  EXPECT_LE(extent.bottom, title_height(measure));
+  EXPECT_LE(extent.bottom, title_height(legend_measure));
 }
 
 TEST(Title, IsCutAndLeftOutWithoutRoom) {
   Picture picture = empty_picture(100, 300);
-  draw_title(picture, {10, 40, 80, 200}, "a title that is too long", measure);
+  draw_title(picture, {10, 40, 80, 200}, "a title that is too long", legend_measure);
   EXPECT_EQ(picture.texts.front().text, "a title t…");
-  EXPECT_EQ(text_fault(picture, measure), "");
+  EXPECT_EQ(text_fault(picture, legend_measure), "");
   picture.texts.clear();
-  draw_title(picture, {0, 0, 100, 300}, "title", measure);
+  draw_title(picture, {0, 0, 100, 300}, "title", legend_measure);
   EXPECT_TRUE(picture.texts.empty());
 }
 
@@ -63,7 +63,7 @@ const std::vector<CurveEntry> curves = {{"SR1: qre", {0, 0, 255}, 1, LineStyle::
 
 TEST(CurveLegend, ShowsASampleOfEachLineAndItsName) {
   Picture picture = empty_picture(600, 100);
-  draw_curve_legend(picture, {20, 10}, 500, curves, measure);
+  draw_curve_legend(picture, {20, 10}, 500, curves, legend_measure);
   ASSERT_EQ(picture.lines.size(), curves.size());
   ASSERT_EQ(picture.texts.size(), curves.size());
   for (std::size_t i = 0; i < curves.size(); ++i) {
@@ -78,11 +78,11 @@ TEST(CurveLegend, ShowsASampleOfEachLineAndItsName) {
 }
 
 TEST(CurveLegend, BreaksIntoLinesAndNeedsTheirHeight) {
-  const double row = curve_legend_height(curves, 1000, measure);
-  EXPECT_GT(row, measure.height(graph_text_size));
-  EXPECT_EQ(curve_legend_height(curves, 250, measure), 2 * row);
-  EXPECT_EQ(curve_legend_height(curves, 120, measure), 3 * row);
-  EXPECT_EQ(curve_legend_height({}, 120, measure), 0);
+  const double row = curve_legend_height(curves, 1000, legend_measure);
+  EXPECT_GT(row, legend_measure.height(graph_text_size));
+  EXPECT_EQ(curve_legend_height(curves, 250, legend_measure), 2 * row);
+  EXPECT_EQ(curve_legend_height(curves, 120, legend_measure), 3 * row);
+  EXPECT_EQ(curve_legend_height({}, 120, legend_measure), 0);
 }
 
 TEST(CurveLegend, StaysInItsBandWhateverTheNames) {
@@ -92,9 +92,9 @@ TEST(CurveLegend, StaysInItsBandWhateverTheNames) {
     for (CurveEntry& entry : entries) entry.name = std::string(random() % 60, 'x');
     const double width = 60 + static_cast<double>(random() % 900);
     Picture picture = empty_picture(static_cast<int>(width),
-                                    static_cast<int>(curve_legend_height(entries, width, measure)));
-    draw_curve_legend(picture, {0, 0}, width, entries, measure);
-    ASSERT_EQ(text_fault(picture, measure), "");
+                                    static_cast<int>(curve_legend_height(entries, width, legend_measure)));
+    draw_curve_legend(picture, {0, 0}, width, entries, legend_measure);
+    ASSERT_EQ(text_fault(picture, legend_measure), "");
     ASSERT_EQ(picture.lines.size(), entries.size());
   }
 }
@@ -108,9 +108,9 @@ std::vector<ColourField> fields_of_scale() {
 }
 
 Picture colour_legend(double plot_height) {
-  const double right = colour_legend_width(4, measure);
+  const double right = colour_legend_width(4, legend_measure);
   Picture picture = empty_picture(300 + static_cast<int>(right), static_cast<int>(plot_height) + 40);
-  draw_colour_legend(picture, {0, 20, 300, plot_height}, fields_of_scale(), measure);
+  draw_colour_legend(picture, {0, 20, 300, plot_height}, fields_of_scale(), legend_measure);
   return picture;
 }
 
@@ -132,7 +132,7 @@ TEST(ColourLegend, LowFieldsShowFewerTextsAndAlwaysBothEnds) {
   for (const double height : {21.0 * 17, 200.0, 150.0, 70.0, 40.0, 20.0}) {
     const Picture picture = colour_legend(height);
     EXPECT_EQ(picture.boxes.size(), 21U);
-    EXPECT_EQ(text_fault(picture, measure), "");
+    EXPECT_EQ(text_fault(picture, legend_measure), "");
     ASSERT_GE(picture.texts.size(), 2U) << height;
     EXPECT_EQ(picture.texts.front().text, "0");
     EXPECT_EQ(picture.texts.back().text, "20");
@@ -145,20 +145,20 @@ TEST(ColourLegend, LowFieldsShowFewerTextsAndAlwaysBothEnds) {
 
 TEST(ColourLegend, IsLeftOutWhereThePlotTakesAll) {
   Picture picture = empty_picture(300, 200);
-  draw_colour_legend(picture, {0, 0, 300, 200}, fields_of_scale(), measure);
+  draw_colour_legend(picture, {0, 0, 300, 200}, fields_of_scale(), legend_measure);
   EXPECT_TRUE(picture.boxes.empty());
   EXPECT_TRUE(picture.texts.empty());
 }
 
 TEST(ColourLegend, IsWideEnoughForEveryNumber) {
   for (int digits = 1; digits <= 17; ++digits) {
-    EXPECT_GE(colour_legend_width(digits, measure),
-              measure.width("-2.2250738585072014E-308", 12) * digits / 17);
+    EXPECT_GE(colour_legend_width(digits, legend_measure),
+              legend_measure.width("-2.2250738585072014E-308", 12) * digits / 17);
   }
 }
 
 TEST(LabelPicture, HasTheLabelInItsMiddle) {
-  const Picture picture = label_picture(400, 300, " cnt=0", measure);
+  const Picture picture = label_picture(400, 300, " cnt=0", legend_measure);
   EXPECT_EQ(picture.width, 400);
   EXPECT_EQ(picture.height, 300);
   ASSERT_EQ(picture.texts.size(), 1U);
@@ -168,9 +168,9 @@ TEST(LabelPicture, HasTheLabelInItsMiddle) {
 }
 
 TEST(LabelPicture, IsEmptyWithoutRoomOrText) {
-  EXPECT_TRUE(label_picture(400, 300, "", measure).texts.empty());
-  EXPECT_TRUE(label_picture(400, 10, "No pixel", measure).texts.empty());
-  EXPECT_TRUE(label_picture(0, 0, "No pixel", measure).texts.empty());
+  EXPECT_TRUE(label_picture(400, 300, "", legend_measure).texts.empty());
+  EXPECT_TRUE(label_picture(400, 10, "No pixel", legend_measure).texts.empty());
+  EXPECT_TRUE(label_picture(0, 0, "No pixel", legend_measure).texts.empty());
 }
 
 }  // namespace

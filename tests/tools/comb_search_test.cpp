@@ -32,7 +32,7 @@ CombRequest unit_fractions(int count, int order) {
   return {.rules = {}, .elements = elements, .candidate_count = elements.size(), .order = order, .table = 0};
 }
 
-const CombFileHead head{"20.11.2026 14:03:59", "x.aa1", 17};
+const CombFileHead file_head{"20.11.2026 14:03:59", "x.aa1", 17};
 
 struct Written {
   std::string text;
@@ -45,7 +45,7 @@ Written write(const CombRequest& request, const SearchOrder& search, millisecond
   Written written;
   RecordingProgress progress;
   progress.break_at = break_at;
-  written.tested = write_comb_search(request, head, search, stepping_clock(step), progress,
+  written.tested = write_comb_search(request, file_head, search, stepping_clock(step), progress,
                                      [&](std::string_view text) { written.text += text; });
   written.calls = progress.calls;
   return written;
@@ -145,8 +145,8 @@ TEST(CombSearch, BreakAtEveryPollLeavesTheFileOfTheEnumeration) {
 TEST(CombSearch, WhatTheSinkThrowsPassesOn) {
   RecordingProgress progress;
   const auto full_disk = [](std::string_view) { throw std::runtime_error("disk full"); };
-  EXPECT_THROW(write_comb_search(unit_fractions(3, 2), head, search_alone, stepping_clock(milliseconds(0)),
-                                 progress, full_disk),
+  EXPECT_THROW(write_comb_search(unit_fractions(3, 2), file_head, search_alone,
+                                 stepping_clock(milliseconds(0)), progress, full_disk),
                std::runtime_error);
 }
 

@@ -84,7 +84,7 @@ void expect_same(const OrderResult& result, const OrderResult& literal, const st
   ASSERT_EQ(result.stopped, literal.stopped) << where;
 }
 
-bool go_on(double) { return true; }
+bool never_broken(double) { return true; }
 
 TEST(OrderSearchRandom, FindsWhatTheEnumerationFinds) {
   Cases cases(9001);
@@ -92,9 +92,10 @@ TEST(OrderSearchRandom, FindsWhatTheEnumerationFinds) {
     const auto elements = cases.elements(cases.between(1, 11));
     const int order = cases.between(1, std::min<int>(5, static_cast<int>(elements.size())));
     const CombRules rules = cases.rules();
-    const OrderResult literal = literal_search_order(elements, order, rules, go_on);
+    const OrderResult literal = literal_search_order(elements, order, rules, never_broken);
     const auto threads = static_cast<unsigned>(i % 10 == 0 ? cases.between(2, 4) : 1);
-    expect_same(search_order(elements, order, rules, threads, go_on), literal, "case " + std::to_string(i));
+    expect_same(search_order(elements, order, rules, threads, never_broken), literal,
+                "case " + std::to_string(i));
     if (HasFatalFailure()) return;
   }
 }
@@ -105,8 +106,8 @@ TEST(OrderSearchRandom, FindsThemInHighOrders) {
     const auto elements = cases.elements(cases.between(9, 11));
     const int order = cases.between(6, static_cast<int>(elements.size()));
     const CombRules rules = cases.rules();
-    const OrderResult literal = literal_search_order(elements, order, rules, go_on);
-    expect_same(search_order(elements, order, rules, 1, go_on), literal, "case " + std::to_string(i));
+    const OrderResult literal = literal_search_order(elements, order, rules, never_broken);
+    expect_same(search_order(elements, order, rules, 1, never_broken), literal, "case " + std::to_string(i));
     if (HasFatalFailure()) return;
   }
 }

@@ -29,8 +29,8 @@ struct Graph2Desk : PagesDesk {
   }
 };
 
-const Reports calculated = {"caption: lattice point 6 of 6 checked",
-                            "caption: lattice point 6 of 6 summed up"};
+const Reports map_calculated = {"caption: lattice point 6 of 6 checked",
+                                "caption: lattice point 6 of 6 summed up"};
 
 /// What was calculated, without the lines that were plotted.
 Reports calculations(Graph2Desk& desk) {
@@ -43,7 +43,7 @@ Reports calculations(Graph2Desk& desk) {
 TEST(Graph2Pages, ChoosingTheTabCalculatesOnce) {
   Graph2Desk desk;
   desk.pages.show(Page::graph2);
-  EXPECT_EQ(calculations(desk), calculated);
+  EXPECT_EQ(calculations(desk), map_calculated);
   EXPECT_TRUE(desk.drawn());
   EXPECT_EQ(desk.page().drawing()->map.point_count, 6);
 }
@@ -93,7 +93,7 @@ TEST(Graph2Pages, ParametersOfGraphsCalculateAnewOthersDoNot) {
     desk.show(Page::graph2);
     desk.cph().setkmi_1(keyword, 1);
     desk.workbench.apply_parameter(keyword, desk.person);
-    EXPECT_EQ(calculations(desk), calculated) << keyword;
+    EXPECT_EQ(calculations(desk), map_calculated) << keyword;
   }
   Graph2Desk desk;
   desk.show(Page::graph2);
