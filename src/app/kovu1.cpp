@@ -66,6 +66,7 @@ TF1::~TF1() {
   // The pages still hold grids of pages_, and what these tell would meet a window that is half gone.
   made_ = false;
   pages_.set_changed({});
+  pages_.set_about_to_redisplay({});
   delete takeCentralWidget();
 }
 
@@ -86,6 +87,7 @@ void TF1::make_ports() {
   hooks.time = [this](const std::optional<OperationTime>& time) { show_time(time); };
   user_.set_hooks(std::move(hooks));
   pages_.set_changed([this] { follow(); });
+  pages_.set_about_to_redisplay([this] { fit_graph(); });
 }
 
 QAction* TF1::own_action(const char* name, const char* caption, const std::function<void()>& triggered) {
@@ -129,14 +131,17 @@ void TF1::run(const Command& command) {
 }
 
 void TF1::run_own(const std::string& name, const std::function<void()>& operation) {
+  run_guarded(name, [&] {
+    operation();
+    workbench_.show_status(user_);
+  });
+}
+
+void TF1::run_guarded(const std::string& name, const std::function<void()>& operation) {
   if (running_ || locked_) return;
   running_ = true;
   pages_.leave_grids();
-  const auto shown = [&] {
-    operation();
-    workbench_.show_status(user_);
-  };
-  run_operation(name, shown, workbench_, user_.user());
+  run_operation(name, operation, workbench_, user_.user());
   running_ = false;
   after_operation();
 }

@@ -26,6 +26,7 @@ class AlgaddTab;
 class CommandActions;
 class CommentTab;
 class GraphTab;
+struct GraphServices;
 class HelpWindow;
 class ProgressGroup;
 class RecentFiles;
@@ -81,7 +82,11 @@ class TF1 final : public QMainWindow {
   void place_progress_panel();
   void show_time(const std::optional<OperationTime>& time);
 
+  GraphServices graph_services(Page page);
+  void fit_graph();
   void choose_page(int index);
+  /// An operation that leaves what the pages show as it is.
+  void run_guarded(const std::string& name, const std::function<void()>& operation);
   void lock(bool on);
   /// Everything around the grids shows what the workbench holds now.
   void follow();
