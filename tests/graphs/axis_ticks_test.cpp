@@ -141,7 +141,8 @@ TEST(AxisTicks, HoldForAnyInterval) {
       const double slack = std::abs(to / 2 - from / 2) * 1E-8;
       ASSERT_LE(std::min(from, to), tick.value + slack) << from << ' ' << to;
       ASSERT_GE(std::max(from, to), tick.value - slack) << from << ' ' << to;
-      ASSERT_GE(tick.place, last_place) << from << " " << to << " " << rule.whole << rule.round_values << rule.wanted << " " << tick.value;
+      ASSERT_GE(tick.place, last_place)
+          << from << " " << to << " " << rule.whole << rule.round_values << rule.wanted << " " << tick.value;
       ASSERT_LE(tick.place, 1.0);
       last_place = tick.place;
       if (rule.whole) {
