@@ -69,6 +69,7 @@ TF1::~TF1() {
   // The pages still hold grids of pages_, and what these tell would meet a window that is half gone.
   made_ = false;
   pages_.set_changed({});
+  pages_.set_about_to_redisplay({});
   delete takeCentralWidget();
 }
 
@@ -89,6 +90,7 @@ void TF1::make_ports() {
   hooks.time = [this](const std::optional<OperationTime>& time) { show_time(time); };
   user_.set_hooks(std::move(hooks));
   pages_.set_changed([this] { follow(); });
+  pages_.set_about_to_redisplay([this] { fit_graph(); });
 }
 
 QAction* TF1::own_action(const char* name, const char* caption, const std::function<void()>& triggered) {

@@ -26,6 +26,7 @@ class AlgaddTab;
 class CommandActions;
 class CommentTab;
 class GraphTab;
+struct GraphServices;
 class HelpWindow;
 class ProgressGroup;
 class RecentFiles;
@@ -84,6 +85,8 @@ class TF1 final : public QMainWindow {
   /// Runs an operation unless one is under way: edits under way are taken first, what escapes is shown, and
   /// the window follows.
   void operate(const std::string& name, const std::function<void()>& operation);
+  GraphServices graph_services(Page page);
+  void fit_graph();
   void choose_page(int index);
   void lock(bool on);
   /// Everything around the grids shows what the workbench holds now.

@@ -2,6 +2,8 @@
 #include <QLineEdit>
 #include <QTabBar>
 #include <QTabWidget>
+#include <algorithm>
+#include <ctime>
 
 #include "algadd/qt/algadd_tab.h"
 #include "app/command_actions.h"
@@ -9,12 +11,15 @@
 #include "app/status_panel.h"
 #include "config/qt/config_tab.h"
 #include "datafile/qt/comment_tab.h"
-#include "graphs/qt/graph_tab.h"
+#include "graphs/qt/graph1_tab.h"
+#include "graphs/qt/graph2_tab.h"
 #include "lattice/qt/lattices_tab.h"
 #include "lattice/qt/list_tab.h"
 #include "sums/qt/sums1_tab.h"
 #include "sums/qt/sums2_tab.h"
 #include "widgets/scoped_flag.h"
+#include "workbench/check_boxes.h"
+#include "workbench/page_picture.h"
 
 namespace kov {
 
@@ -32,12 +37,48 @@ void TF1::make_pages() {
                                workbench_.range_is_destination};
   add_page(sums1_tab_ = new Sums1Tab(sums1, user_, actions_->of_menu("Sums1")), "Sums1");
   add_page(sums2_tab_ = new Sums2Tab(pages_.slsums2(), user_), "Sums2");
-  add_page(graph_tabs_[0] = new GraphTab("Graph1Label"), "Graph1");
-  add_page(graph_tabs_[1] = new GraphTab("Graph2Label"), "Graph2");
+  make_graph_pages();
   add_page(new ConfigTab(pages_.config(), user_), "Config");
   // A file that is dropped on the editor of a cell is the window's, too.
   for (QLineEdit* editor : PaCo_->findChildren<QLineEdit*>()) editor->setAcceptDrops(false);
   connect(PaCo_, &QTabWidget::currentChanged, this, &TF1::choose_page);
+}
+
+void TF1::make_graph_pages() {
+  const auto click_box = [this](const std::string& name, bool on) { set_check_box(workbench_, name, on); };
+  add_page(graph_tabs_[0] =
+               new Graph1Tab(pages_.graph1(), workbench_.graph1_checked, user_,
+                             *actions_->of_menu("Graph1").front(), graph_services(Page::graph1), click_box),
+           "Graph1");
+  const Graph2Tab::Models graph2{pages_.graph2(), pages_.slg2a(), workbench_.document.cph,
+                                 workbench_.graph2_radio_index};
+  const auto click_radio = [this](int index) { pages_.choose_graph2_radio(index); };
+  add_page(graph_tabs_[1] = new Graph2Tab(graph2, user_, *actions_->of_menu("Graph2").front(),
+                                          graph_services(Page::graph2), click_radio),
+           "Graph2");
+}
+
+GraphServices TF1::graph_services(Page page) {
+  const char* name = page == Page::graph1 ? "Graph1" : "Graph2";
+  return {.run = [this](const std::string& item,
+                        const std::function<void()>& operation) { operate(item, operation); },
+          .notes = [this, page] { return picture_notes(workbench_, page, std::time(nullptr)); },
+          .file_name =
+              [this, name] {
+                std::string stem = workbench_.file.chosen ? workbench_.file.path.stem().string() + "-" : "";
+                // What stands behind a point would be taken for an extension.
+                std::ranges::replace(stem, '.', '_');
+                return stem + name;
+              },
+          .redrawn = [this] { workbench_.restore_status_line(user_); }};
+}
+
+/// Before the window is shown nothing has its size.
+void TF1::fit_graph() {
+  if (!made_ || !isVisible()) return;
+  const QSize page = PaCo_->currentWidget()->size();
+  if (workbench_.active_page == static_cast<int>(Page::graph1)) graph_tabs_[0]->fit(page);
+  if (workbench_.active_page == static_cast<int>(Page::graph2)) graph_tabs_[1]->fit(page);
 }
 
 void TF1::add_page(QWidget* page, const char* name) {
@@ -66,8 +107,7 @@ void TF1::follow() {
   algadd_tab_->show_menu(workbench_.algadd_menu_open, pages_.label(Page::algadd));
   sums1_tab_->follow();
   sums2_tab_->follow();
-  graph_tabs_[0]->show_label(pages_.label(Page::graph1));
-  graph_tabs_[1]->show_label(pages_.label(Page::graph2));
+  for (GraphTab* tab : graph_tabs_) tab->follow();
   actions_->refresh();
   status_->refresh();
   show_title();

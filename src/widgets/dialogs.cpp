@@ -44,9 +44,13 @@ void set_filters(QFileDialog& dialog) {
 
 std::optional<std::filesystem::path> chosen(QFileDialog& dialog) {
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
-  std::filesystem::path path = QFile::encodeName(dialog.selectedFiles().first()).toStdString();
+  return QFile::encodeName(dialog.selectedFiles().first()).toStdString();
+}
+
+/// Its folder becomes the current directory.
+std::optional<std::filesystem::path> moved_to(std::optional<std::filesystem::path> path) {
   std::error_code no_folder;  // the caller finds out when it opens the file
-  std::filesystem::current_path(path.parent_path(), no_folder);
+  if (path) std::filesystem::current_path(path->parent_path(), no_folder);
   return path;
 }
 
@@ -101,7 +105,7 @@ std::optional<std::filesystem::path> choose_file_to_open(QWidget* parent, const 
   dialog.setAcceptMode(QFileDialog::AcceptOpen);
   dialog.setFileMode(QFileDialog::ExistingFile);
   set_filters(dialog);
-  return chosen(dialog);
+  return moved_to(chosen(dialog));
 }
 
 std::optional<std::filesystem::path> choose_file_to_save(QWidget* parent, const std::string& title,
@@ -113,6 +117,23 @@ std::optional<std::filesystem::path> choose_file_to_save(QWidget* parent, const 
   set_filters(dialog);
   if (preset.has_parent_path()) dialog.setDirectory(QFile::decodeName(preset.parent_path().c_str()));
   dialog.selectFile(QFile::decodeName(preset.filename().c_str()));
+  return moved_to(chosen(dialog));
+}
+
+std::optional<std::filesystem::path> choose_file_to_export(QWidget* parent, const std::string& title,
+                                                           const std::string& preset,
+                                                           std::span<const FileKind> kinds) {
+  QFileDialog dialog(parent, to_qt(title), current_folder());
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setFileMode(QFileDialog::AnyFile);
+  QStringList filters;
+  for (const FileKind& kind : kinds) filters += QStringLiteral("%1 (*.%2)").arg(kind.name, kind.extension);
+  dialog.setNameFilters(filters);
+  dialog.setDefaultSuffix(kinds.front().extension);
+  QObject::connect(&dialog, &QFileDialog::filterSelected, [&](const QString& filter) {
+    dialog.setDefaultSuffix(kinds[static_cast<std::size_t>(filters.indexOf(filter))].extension);
+  });
+  dialog.selectFile(to_qt(preset));
   return chosen(dialog);
 }
 

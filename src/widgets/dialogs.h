@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <functional>
 #include <optional>
+#include <span>
 #include <string>
 
 #include "interact/messages.h"
@@ -33,5 +34,18 @@ std::optional<std::filesystem::path> choose_file_to_open(QWidget* parent, const 
 /// becomes the current directory.
 std::optional<std::filesystem::path> choose_file_to_save(QWidget* parent, const std::string& title,
                                                          const std::filesystem::path& preset);
+
+/// What a file can be written as: "PNG picture", "png".
+struct FileKind {
+  const char* name;
+  const char* extension;
+};
+
+/// A file that is written for other programs, of one of these kinds, the first one being preset. Asks before
+/// a file is chosen that exists; a name without an extension gets that of the kind. The current directory
+/// stays.
+std::optional<std::filesystem::path> choose_file_to_export(QWidget* parent, const std::string& title,
+                                                           const std::string& preset,
+                                                           std::span<const FileKind> kinds);
 
 }  // namespace kov

@@ -37,7 +37,7 @@ Drawing draw(int width, int height, const PlotAxis& x, const PlotAxis& y, const 
   return drawing;
 }
 
-const PlotAxis k1{-4.5, 4.5, "k1", true};
+const PlotAxis k1_axis{-4.5, 4.5, "k1", true};
 const PlotAxis share{0, 1, "SR1: qre"};
 
 std::vector<std::string> numbers_at(const Picture& picture, Anchor anchor) {
@@ -52,7 +52,7 @@ std::vector<std::string> x_numbers(const Picture& picture) { return numbers_at(p
 std::vector<std::string> y_numbers(const Picture& picture) { return numbers_at(picture, Anchor::right); }
 
 TEST(DrawGrid, NumbersAndNamesOfBothAxes) {
-  const Drawing drawing = draw(1000, 700, k1, share, {.lines_x = 10, .lines_y = 5});
+  const Drawing drawing = draw(1000, 700, k1_axis, share, {.lines_x = 10, .lines_y = 5});
   EXPECT_EQ(x_numbers(drawing.picture),
             (std::vector<std::string>{"-4", "-3", "-2", "-1", "0", "1", "2", "3", "4"}));
   EXPECT_EQ(y_numbers(drawing.picture), (std::vector<std::string>{"1", "0.8", "0.6", "0.4", "0.2", "0"}));
@@ -68,7 +68,7 @@ TEST(DrawGrid, NumbersAndNamesOfBothAxes) {
 }
 
 TEST(DrawGrid, NumbersStandAtTheirLinesAndValues) {
-  const Drawing drawing = draw(1000, 700, k1, {1, -1, "down"}, {.lines_x = 10, .lines_y = 5});
+  const Drawing drawing = draw(1000, 700, k1_axis, {1, -1, "down"}, {.lines_x = 10, .lines_y = 5});
   const PlotArea& area = drawing.area;
   for (const PictureText& text : drawing.picture.texts) {
     const auto value = parse_floating(text.text);
@@ -121,7 +121,7 @@ TEST(DrawGrid, AsManyLinesAsWanted) {
 }
 
 TEST(DrawGrid, WithoutLinesThereAreNoNumbers) {
-  const Drawing drawing = draw(1000, 700, k1, share, {.lines_x = 0, .lines_y = 0});
+  const Drawing drawing = draw(1000, 700, k1_axis, share, {.lines_x = 0, .lines_y = 0});
   EXPECT_EQ(x_numbers(drawing.picture), std::vector<std::string>{});
   EXPECT_EQ(y_numbers(drawing.picture), std::vector<std::string>{});
 }
@@ -158,7 +158,7 @@ TEST(DrawGrid, ReportsAnUnknownColourMode) {
     picture.width = 500;
     picture.height = 400;
     const GridOptions options{.colour_mode = mode};
-    DrawGrid(picture, plot_area(500, 400, options, measure), k1, share, options, measure, messages);
+    DrawGrid(picture, plot_area(500, 400, options, measure), k1_axis, share, options, measure, messages);
     EXPECT_EQ(messages.shown,
               (std::vector<RecordedMessage>{{MessageKind::error, "DrawGrid: invalid colormode"}}));
     EXPECT_GT(picture.lines.size(), 5U);
@@ -168,14 +168,14 @@ TEST(DrawGrid, ReportsAnUnknownColourMode) {
 TEST(DrawGrid, EveryColourModeLooksDifferent) {
   std::vector<Colour> colours;
   for (int mode = 0; mode <= 5; ++mode) {
-    const Colour colour = draw(500, 400, k1, share, {.colour_mode = mode}).picture.lines.front().colour;
+    const Colour colour = draw(500, 400, k1_axis, share, {.colour_mode = mode}).picture.lines.front().colour;
     EXPECT_EQ(std::ranges::count(colours, colour), 0) << mode;
     colours.push_back(colour);
   }
 }
 
 TEST(DrawGrid, BlackAndWhiteIsNothingElse) {
-  const Drawing drawing = draw(500, 400, k1, share, {.colour_mode = grid_mode_black_white});
+  const Drawing drawing = draw(500, 400, k1_axis, share, {.colour_mode = grid_mode_black_white});
   for (const PictureLine& line : drawing.picture.lines) EXPECT_EQ(line.colour, (Colour{0, 0, 0}));
   for (const PictureText& text : drawing.picture.texts) EXPECT_EQ(text.colour, (Colour{0, 0, 0}));
 }

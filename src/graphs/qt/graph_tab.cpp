@@ -1,20 +1,26 @@
 #include "graphs/qt/graph_tab.h"
 
-#include <QLabel>
-#include <QVBoxLayout>
-
-#include "widgets/qt_text.h"
+#include <QLayout>
+#include <utility>
 
 namespace kov {
 
-GraphTab::GraphTab(const QString& object_name, QWidget* parent) : QWidget(parent), label_(new QLabel) {
-  label_->setObjectName(object_name);
-  label_->setTextFormat(Qt::PlainText);
-  label_->setAlignment(Qt::AlignCenter);
-  auto* layout = new QVBoxLayout(this);
-  layout->addWidget(label_);
+GraphTab::GraphTab(const char* image_name, std::unique_ptr<ShownGraph> graph, Messages& messages,
+                   const GraphServices& services, QWidget* parent)
+    : QWidget(parent), graph_(std::move(graph)), image_(new GraphImage(*graph_, messages, this)) {
+  image_->setObjectName(image_name);
+  export_ = std::make_unique<GraphExport>(*image_, *graph_, services);
+  setFocusProxy(image_);
 }
 
-void GraphTab::show_label(const std::string& text) { label_->setText(to_qt(text)); }
+void GraphTab::follow() { export_->follow(); }
+
+void GraphTab::fit(QSize page) {
+  follow();
+  // A page that is not shown yet has no size of its own.
+  if (!isVisible()) resize(page);
+  layout()->activate();
+  image_->fit();
+}
 
 }  // namespace kov

@@ -1,21 +1,35 @@
 #pragma once
 
+#include <QSize>
 #include <QWidget>
-#include <string>
+#include <memory>
 
-class QLabel;
+#include "graphs/qt/graph_export.h"
+#include "graphs/qt/graph_image.h"
+#include "graphs/qt/shown_graph.h"
+#include "interact/messages.h"
 
 namespace kov {
 
-/// A graph page: the label that shows wherever nothing is drawn.
-class GraphTab final : public QWidget {
+/// What both graph pages have in common: the image, with its menu.
+class GraphTab : public QWidget {
  public:
-  explicit GraphTab(const QString& object_name, QWidget* parent = nullptr);
+  /// Everything around the image shows what the page holds now.
+  virtual void follow();
+  /// Before a calculation: it is to be for the image of a page of this size, be it shown already or not.
+  void fit(QSize page);
 
-  void show_label(const std::string& text);
+ protected:
+  /// The image is named "Gimage1" or the like. What is passed in must outlive the page.
+  GraphTab(const char* image_name, std::unique_ptr<ShownGraph> graph, Messages& messages,
+           const GraphServices& services, QWidget* parent);
+
+  GraphImage& image() { return *image_; }
 
  private:
-  QLabel* label_;
+  std::unique_ptr<ShownGraph> graph_;
+  GraphImage* image_;
+  std::unique_ptr<GraphExport> export_;
 };
 
 }  // namespace kov
