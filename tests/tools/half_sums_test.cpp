@@ -9,7 +9,7 @@
 namespace kov {
 namespace {
 
-const std::vector<double> elements = {4.0, 2.0, 1.0, 0.5, 0.25, 2.0, 8.0};
+const std::vector<double> half_values = {4.0, 2.0, 1.0, 0.5, 0.25, 2.0, 8.0};
 
 std::vector<std::uint32_t> members(const HalfSums& half, std::uint32_t number) {
   const auto span = half.members_of(number);
@@ -19,14 +19,14 @@ std::vector<std::uint32_t> members(const HalfSums& half, std::uint32_t number) {
 double sum_of(const HalfSums& half, std::uint32_t number) {
   double sum = 0.0;
   for (std::size_t i = 0; i < half.members_of(number).size(); ++i) {
-    const double value = elements[half.members_of(number)[i]];
+    const double value = half_values[half.members_of(number)[i]];
     sum += (half.plus_of(number) >> i & 1U) != 0 ? value : -value;
   }
   return sum;
 }
 
 TEST(HalfSums, NumbersAscendAsTheEnumerationMeetsThem) {
-  const HalfSums half(elements, 2, 4, Signs::plus_and_minus);
+  const HalfSums half(half_values, 2, 4, Signs::plus_and_minus);
   const std::vector<std::vector<std::uint32_t>> combinations = {{0, 1}, {0, 2}, {1, 2},
                                                                 {0, 3}, {1, 3}, {2, 3}};
   for (std::uint32_t number = 0; number < 24; ++number) {
@@ -40,14 +40,14 @@ TEST(HalfSums, NumbersAscendAsTheEnumerationMeetsThem) {
 }
 
 TEST(HalfSums, AllPlusHasOneSumForEachCombination) {
-  const HalfSums half(elements, 2, 4, Signs::plus);
+  const HalfSums half(half_values, 2, 4, Signs::plus);
   EXPECT_EQ(half.count(4), 6U);
   EXPECT_EQ(members(half, 5), (std::vector<std::uint32_t>{2, 3}));
   EXPECT_EQ(half.plus_of(5), 3U);
 }
 
 TEST(HalfSums, NoMembersHaveOneSum) {
-  const HalfSums half(elements, 0, 4, Signs::plus_and_minus);
+  const HalfSums half(half_values, 0, 4, Signs::plus_and_minus);
   for (std::uint32_t t = 0; t <= 4; ++t) {
     EXPECT_EQ(half.count(t), 1U);
     EXPECT_EQ(half.list(t).sums, std::vector<double>{0.0});
@@ -56,7 +56,7 @@ TEST(HalfSums, NoMembersHaveOneSum) {
 }
 
 TEST(HalfSums, ListsAreSortedAndHoldEverySumOfTheirElements) {
-  const HalfSums half(elements, 3, 7, Signs::plus_and_minus);
+  const HalfSums half(half_values, 3, 7, Signs::plus_and_minus);
   for (std::uint32_t t = 0; t <= 7; ++t) {
     const HalfSums::List& list = half.list(t);
     EXPECT_TRUE(std::is_sorted(list.sums.begin(), list.sums.end()));
@@ -78,7 +78,7 @@ TEST(HalfSums, ListsAreNotMuchLongerThanNeeded) {
 
 TEST(HalfSums, KeepsTheFirstMetOfEqualSums) {
   for (const std::size_t kept : {std::size_t{1}, std::size_t{3}}) {
-    const HalfSums half(elements, 3, 7, Signs::plus_and_minus, kept);
+    const HalfSums half(half_values, 3, 7, Signs::plus_and_minus, kept);
     std::map<double, std::vector<std::uint32_t>> of_sum;
     for (std::uint32_t number = 0; number < half.count(7); ++number) {
       auto& numbers = of_sum[sum_of(half, number)];
