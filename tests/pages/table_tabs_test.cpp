@@ -248,14 +248,6 @@ TEST_F(TableTabs, TheCommentFollowsTheFileAndTheEditorTheComment) {
   EXPECT_TRUE(editor->toPlainText().startsWith("A walk in the plane"));
 }
 
-TEST_F(TableTabs, GraphPagesArePresent) {
-  start();
-  choose_tab(6);
-  EXPECT_TRUE(shown("Graph1Label"));
-  choose_tab(7);
-  EXPECT_TRUE(shown("Graph2Label"));
-}
-
 TEST_F(TableTabs, LeavingAPageTakesItsEdit) {
   start();
   choose_tab(3);
