@@ -4,9 +4,9 @@
 #include <QMessageBox>
 #include <clocale>
 
+#include "interact/error_text.h"
 #include "widgets/qt_text.h"
 #include "widgets/scoped_flag.h"
-#include "interact/error_text.h"
 #include "workbench/start_up.h"
 
 namespace kov {

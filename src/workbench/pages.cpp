@@ -128,6 +128,11 @@ void Pages::leave_grids() {
   for (GridModel* grid : all()) grid->leave();
 }
 
+bool Pages::edit_under_way() {
+  const auto grids = all();
+  return std::any_of(grids.begin(), grids.end(), [](const GridModel* grid) { return grid->edited(); });
+}
+
 void Pages::refresh() {
   try {
     show_active_page();
