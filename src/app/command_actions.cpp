@@ -17,8 +17,8 @@ QString without_mnemonics(const std::string& caption) { return to_qt(caption).re
 
 }  // namespace
 
-CommandActions::CommandActions(const Workbench& workbench, Run run, QObject* parent)
-    : QObject(parent), workbench_(workbench), run_(std::move(run)) {
+CommandActions::CommandActions(const Workbench& workbench, Owner owner, QObject* parent)
+    : QObject(parent), workbench_(workbench), owner_(std::move(owner)) {
   for (const Command& command : commands()) add(command);
   refresh();
 }
@@ -28,13 +28,7 @@ void CommandActions::add(const Command& command) {
   action->setObjectName(view_text(command.menu) + "/" + to_qt(item_name(command.caption)));
   action->setShortcut(QKeySequence(view_text(command.shortcut)));
   rows_.push_back({command, action});
-  connect(action, &QAction::triggered, this, [this, row = rows_.back()] { trigger(row); });
-}
-
-/// What a command depends on may have changed since its menu was opened, as the uniform file may.
-void CommandActions::trigger(const Row& row) {
-  if (is_enabled(row.command, workbench_)) return run_(row.command);
-  refresh();
+  connect(action, &QAction::triggered, this, [this, &command] { owner_.run(command); });
 }
 
 QList<QAction*> CommandActions::of_menu(std::string_view menu) const {
@@ -51,9 +45,10 @@ QString CommandActions::caption(const Command& command) const {
 }
 
 void CommandActions::refresh() {
+  const bool all_enabled = owner_.edit_under_way();
   for (const Row& row : rows_) {
     row.action->setText(caption(row.command));
-    row.action->setEnabled(is_enabled(row.command, workbench_));
+    row.action->setEnabled(all_enabled || is_enabled(row.command, workbench_));
   }
 }
 

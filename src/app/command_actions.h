@@ -16,10 +16,16 @@ namespace kov {
 /// "MENU/ITEM", as scripts name the command.
 class CommandActions final : public QObject {
  public:
-  using Run = std::function<void(const Command& command)>;
+  struct Owner {
+    /// An action was triggered. What the command depends on may have changed since the actions were
+    /// refreshed: whether it is enabled is to be asked when edits have been taken.
+    std::function<void(const Command& command)> run;
+    /// While a cell is edited all commands are enabled: what is typed may be what enables one.
+    std::function<bool()> edit_under_way;
+  };
 
-  /// The workbench must outlive the actions. run is called with a command that is enabled at that moment.
-  CommandActions(const Workbench& workbench, Run run, QObject* parent);
+  /// The workbench must outlive the actions.
+  CommandActions(const Workbench& workbench, Owner owner, QObject* parent);
 
   /// In the order of the table.
   QList<QAction*> of_menu(std::string_view menu) const;
@@ -34,11 +40,10 @@ class CommandActions final : public QObject {
   };
 
   void add(const Command& command);
-  void trigger(const Row& row);
   QString caption(const Command& command) const;
 
   const Workbench& workbench_;
-  Run run_;
+  Owner owner_;
   std::vector<Row> rows_;
 };
 

@@ -19,6 +19,7 @@
 #include "app/main_menu.h"
 #include "app/recent_files.h"
 #include "app/status_panel.h"
+#include "interact/error_text.h"
 #include "lattice/lattice_status.h"
 #include "sums/qt/sums2_tab.h"
 #include "widgets/help_window.h"
@@ -50,7 +51,9 @@ TF1::TF1(std::span<const std::filesystem::path> arguments)
       pages_(workbench_, user_.user()),
       place_(*this, workbench_.document.cph, workbench_.window),
       actions_(new CommandActions(
-          workbench_, [this](const Command& command) { run(command); }, this)),
+          workbench_,
+          {[this](const Command& command) { run(command); }, [this] { return pages_.edit_under_way(); }},
+          this)),
       status_(new StatusPanel(workbench_.document.lmap)),
       PaCo_(new QTabWidget),
       progress_panel_(make_progress_panel()) {
@@ -110,6 +113,7 @@ void TF1::make_menu() {
   own.help_contents->setShortcut(Qt::Key_F1);
   own.help_index = own_action("Help/Index", "Index", [this] { help().show_index(); });
   own.help_search = own_action("Help/Search", "Search", [this] { help().show_search(); });
+  own.menu_opens = [this] { operate("Edit", [] {}); };
   own.user_algorithms = own_action("Bar/US", "U&S", [this] { emit user_algorithms_wanted(); });
   build_main_menu(*menuBar(), *actions_, own);
 }
@@ -121,21 +125,31 @@ HelpWindow& TF1::help() {
 
 void TF1::show_help_topic(const QString& topic) { help().show_topic(topic); }
 
+/// The error of an edit redisplays nothing: that would give up what was typed.
+bool TF1::take_edits() {
+  try {
+    pages_.leave_grids();
+    return true;
+  } catch (...) {
+    user_.error(text_of_handled_error());
+    return false;
+  }
+}
+
 void TF1::operate(const std::string& name, const std::function<void()>& operation) {
   if (running_ || locked_) return;
   {
     const ScopedFlag running(running_);
-    const auto body = [&] {
-      pages_.leave_grids();
-      operation();
-    };
-    run_operation(name, body, workbench_, user_.user());
+    if (take_edits()) run_operation(name, operation, workbench_, user_.user());
   }
   after_operation();
 }
 
 void TF1::run(const Command& command) {
-  operate(item_name(command.caption), [&] { command.run(workbench_, user_.user()); });
+  operate(item_name(command.caption), [&] {
+    if (!is_enabled(command, workbench_)) return user_.beep();
+    command.run(workbench_, user_.user());
+  });
   if (command.menu == "Algadd" || command.menu == "Sums1") focus_page();
 }
 

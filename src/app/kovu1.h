@@ -48,6 +48,7 @@ class TF1 final : public QMainWindow {
   Pages& pages() { return pages_; }
   User user() { return user_.user(); }
 
+  /// Takes edits under way, and then runs the command, or beeps where it is not enabled.
   void run(const Command& command);
   /// Runs an operation that is no command of the table as commands are run: edits under way are taken
   /// first, errors are shown, and afterwards the window shows what the operation has left.
@@ -87,6 +88,8 @@ class TF1 final : public QMainWindow {
   void operate(const std::string& name, const std::function<void()>& operation);
   GraphServices graph_services(Page page);
   void fit_graph();
+  /// False, with the error shown and the text still in its cell: an edit under way could not be stored.
+  bool take_edits();
   void choose_page(int index);
   void lock(bool on);
   /// Everything around the grids shows what the workbench holds now.

@@ -20,6 +20,7 @@
 #include "widgets/scoped_flag.h"
 #include "workbench/check_boxes.h"
 #include "workbench/page_picture.h"
+#include "widgets/string_grid.h"
 
 namespace kov {
 
@@ -41,6 +42,9 @@ void TF1::make_pages() {
   add_page(new ConfigTab(pages_.config(), user_), "Config");
   // A file that is dropped on the editor of a cell is the window's, too.
   for (QLineEdit* editor : PaCo_->findChildren<QLineEdit*>()) editor->setAcceptDrops(false);
+  for (const StringGrid* grid : PaCo_->findChildren<StringGrid*>()) {
+    connect(grid, &StringGrid::edit_under_way_changed, actions_, &CommandActions::refresh);
+  }
   connect(PaCo_, &QTabWidget::currentChanged, this, &TF1::choose_page);
 }
 

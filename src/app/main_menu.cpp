@@ -95,7 +95,7 @@ void build_main_menu(QMenuBar& bar, CommandActions& actions, const WindowItems& 
     QMenu* menu = bar.addMenu(title.caption);
     menu->setObjectName(title.menu);
     fill(*menu, actions.of_menu(title.menu));
-    QObject::connect(menu, &QMenu::aboutToShow, &actions, [&actions] { actions.refresh(); });
+    QObject::connect(menu, &QMenu::aboutToShow, &actions, own.menu_opens);
     if (QString(title.menu) == "File") file = menu;
     if (QString(title.menu) == "Help") help = menu;
   }

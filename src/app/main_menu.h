@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 class QAction;
 class QMenu;
 class QMenuBar;
@@ -15,10 +17,11 @@ struct WindowItems {
   QAction* help_index = nullptr;
   QAction* help_search = nullptr;
   QAction* user_algorithms = nullptr;
+  /// A menu is about to be shown: its items are to become those of this moment.
+  std::function<void()> menu_opens;
 };
 
-/// The main menu: File, Util, Cmd, Mod, Alg and Help, then the items that stand in the bar itself. Opening
-/// a menu refreshes the actions.
+/// The main menu: File, Util, Cmd, Mod, Alg and Help, then the items that stand in the bar itself.
 void build_main_menu(QMenuBar& bar, CommandActions& actions, const WindowItems& own);
 
 }  // namespace kov

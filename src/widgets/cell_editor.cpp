@@ -1,6 +1,8 @@
 #include "widgets/cell_editor.h"
 
 #include <QContextMenuEvent>
+#include <QCoreApplication>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -17,12 +19,13 @@ CellEditor::CellEditor(QWidget* parent, Owner owner) : QLineEdit(parent), owner_
   setTextMargins(cell_margin - 2, 0, cell_margin - 3, 0);
   setFocusPolicy(Qt::ClickFocus);  // by Tab one reaches the grid
   setAutoFillBackground(true);
+  setInputMethodHints(Qt::ImhPreferLatin | Qt::ImhNoPredictiveText | Qt::ImhNoAutoUppercase);
   hide();
 }
 
 void CellEditor::show_fresh(const QString& text) {
   setText(text);
-  setAlignment((is_number(text) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+  setAlignment(alignment_of(text));
   if (hasFocus()) selectAll();
 }
 
@@ -38,6 +41,18 @@ bool CellEditor::event(QEvent* event) {
   if (is_editing_key(key)) return QLineEdit::event(event);
   key.ignore();
   return true;
+}
+
+/// What dead keys, input methods and keyboards on the screen compose comes as a text. Each of its characters
+/// is a key press here, since the grid decides which of them are typed.
+void CellEditor::inputMethodEvent(QInputMethodEvent* event) {
+  QInputMethodEvent composing(event->preeditString(), event->attributes());
+  QLineEdit::inputMethodEvent(&composing);
+  for (const char32_t character : event->commitString().toStdU32String()) {
+    QKeyEvent key(QEvent::KeyPress, 0, Qt::NoModifier, QString::fromUcs4(&character, 1));
+    QCoreApplication::sendEvent(this, &key);
+  }
+  event->accept();
 }
 
 void CellEditor::focusInEvent(QFocusEvent* event) {

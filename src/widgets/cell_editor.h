@@ -26,6 +26,7 @@ class CellEditor final : public QLineEdit {
 
  protected:
   bool event(QEvent* event) override;
+  void inputMethodEvent(QInputMethodEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;

@@ -53,6 +53,10 @@ bool is_number(const QString& text) {
   return std::ranges::all_of(text, may_be_in_number) && std::ranges::any_of(text, is_digit);
 }
 
+Qt::Alignment alignment_of(const QString& text) {
+  return (is_number(text) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
+}
+
 void SlDrawcell(const StringGrid* grid, Messages& messages, QPainter& painter,
                 const QStyleOptionViewItem& option, const QString& text) {
   if (grid == nullptr) return messages.warning("StringGrid == NULL in SlDrawcell");
@@ -63,8 +67,7 @@ void SlDrawcell(const StringGrid* grid, Messages& messages, QPainter& painter,
   painter.setFont(option.font);
   painter.setPen(ink.text);
   const QRect room = option.rect.adjusted(cell_margin, 0, -cell_margin, 0);
-  const Qt::Alignment side = is_number(text) ? Qt::AlignRight : Qt::AlignLeft;
-  painter.drawText(room, static_cast<int>(side | Qt::AlignVCenter) | Qt::TextSingleLine,
+  painter.drawText(room, static_cast<int>(alignment_of(text)) | Qt::TextSingleLine,
                    option.fontMetrics.elidedText(text, Qt::ElideRight, room.width()));
   if (option.state & QStyle::State_HasFocus) {
     painter.setPen(QPen(option.palette.color(group, QPalette::WindowText), 1, Qt::DotLine));

@@ -19,6 +19,9 @@ inline constexpr int cell_margin = 4;
 /// a quantity in any of its forms, or one of the infinite bounds "+" and "-".
 bool is_number(const QString& text);
 
+/// Where a text stands in its cell: numbers right, others left.
+Qt::Alignment alignment_of(const QString& text);
+
 /// Paints one cell of a grid from its text, in the colours of the grid's palette; what does not fit ends in
 /// an ellipsis, and where the grid wants it so, zeros step back behind the other numbers. Without a grid it
 /// paints nothing and says so as a warning.

@@ -41,13 +41,12 @@ QModelIndex GridAdapter::index_of(GridCell cell) const {
   return index(cell.row - model_.fixed_rows(), cell.column - model_.fixed_columns());
 }
 
-bool GridAdapter::adopt_counts() {
-  if (rows_ == live_rows() && columns_ == live_columns()) return false;
+void GridAdapter::adopt_counts() {
+  if (rows_ == live_rows() && columns_ == live_columns()) return;
   beginResetModel();
   rows_ = live_rows();
   columns_ = live_columns();
   endResetModel();
-  return true;
 }
 
 /// Empty where the grid has become smaller and the table has not been told yet.
@@ -57,8 +56,7 @@ QVariant GridAdapter::text(GridCell cell) const {
 }
 
 QVariant GridAdapter::alignment(GridCell cell) const {
-  const Qt::Alignment side = is_number(text(cell).toString()) ? Qt::AlignRight : Qt::AlignLeft;
-  return QVariant::fromValue(side | Qt::AlignVCenter);
+  return QVariant::fromValue(alignment_of(text(cell).toString()));
 }
 
 GridCell GridAdapter::heading(int section, Qt::Orientation orientation) const {

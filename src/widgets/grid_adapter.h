@@ -26,8 +26,8 @@ class GridAdapter final : public QAbstractTableModel {
   /// Invalid for headings and beyond the grid.
   QModelIndex index_of(GridCell cell) const;
 
-  /// Resets the table if the counts of the grid have changed since the last call; says whether it did.
-  bool adopt_counts();
+  /// Resets the table if the counts of the grid have changed since the last call.
+  void adopt_counts();
 
  private:
   QVariant text(GridCell cell) const;

@@ -4,7 +4,10 @@
 #include <QClipboard>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QTimer>
+#include <string>
 
+#include "interact/error_text.h"
 #include "widgets/cell_editor.h"
 #include "widgets/cell_painter.h"
 #include "widgets/grid_adapter.h"
@@ -13,9 +16,33 @@
 #include "widgets/scoped_flag.h"
 
 namespace kov {
+namespace {
+
+class CallScope {
+ public:
+  explicit CallScope(int& calls) : calls_(calls) { ++calls_; }
+  ~CallScope() { --calls_; }
+  CallScope(const CallScope&) = delete;
+  CallScope& operator=(const CallScope&) = delete;
+
+ private:
+  int& calls_;
+};
+
+/// What a call throws, as a text; empty when it does not.
+std::string error_of(const std::function<void()>& call) {
+  try {
+    call();
+    return {};
+  } catch (...) {
+    return text_of_handled_error();
+  }
+}
+
+}  // namespace
 
 StringGrid::StringGrid(GridModel& model, Messages& messages, QWidget* parent)
-    : QTableView(parent), model_(model), adapter_(new GridAdapter(model, this)) {
+    : QTableView(parent), model_(model), messages_(messages), adapter_(new GridAdapter(model, this)) {
   setModel(adapter_);
   setItemDelegate(new CellDelegate(*this, messages));
   set_up_table();
@@ -42,6 +69,7 @@ void StringGrid::set_up_table() {
   setAttribute(Qt::WA_InputMethodEnabled, false);
   horizontalHeader()->setVisible(adapter_->has_heading_row());
   horizontalHeader()->setSectionsClickable(false);
+  horizontalHeader()->setMinimumSectionSize(1);
   verticalHeader()->setVisible(adapter_->has_heading_column());
   verticalHeader()->setSectionsClickable(false);
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
@@ -52,7 +80,8 @@ void StringGrid::set_up_editor() {
   editor_ = new CellEditor(viewport(), {[this](QKeyEvent& event) { return take_key(event); },
                                         [this](GridClick kind) { click(kind); },
                                         [this](QPoint place) { extend_selection(place); }});
-  connect(editor_, &QLineEdit::textEdited, this, [this](const QString& text) { model_.edit(from_qt(text)); });
+  connect(editor_, &QLineEdit::textEdited, this,
+          [this](const QString& text) { tell([&] { model_.edit(from_qt(text)); }); });
 }
 
 void StringGrid::set_up_headings() {
@@ -69,6 +98,19 @@ void StringGrid::set_up_headings() {
               }});
 }
 
+void StringGrid::tell(const std::function<void()>& call) {
+  std::string error = error_of([&] {
+    const CallScope scope(calls_);
+    call();
+  });
+  if (calls_ == 0) {
+    const std::string error_of_following = error_of([this] { follow(); });
+    if (!error_of_following.empty()) QTimer::singleShot(0, this, [this] { refresh(); });
+    if (error.empty()) error = error_of_following;
+  }
+  if (!error.empty()) messages_.error(error);
+}
+
 void StringGrid::refresh() {
   if (calls_ > 0) {
     viewport()->update();
@@ -80,18 +122,20 @@ void StringGrid::refresh() {
 void StringGrid::follow() {
   {
     const ScopedFlag following(following_);
-    if (adapter_->adopt_counts()) widths_told_.clear();
+    adapter_->adopt_counts();
     apply_sizes();
     follow_selection();
   }
   viewport()->update();
   headings_->repaint_visible();
   place_editor();
+  tell_edit_under_way();
 }
 
+/// After a selection that the model has refused the table may have marked other cells than its current one.
 void StringGrid::follow_selection() {
   const QModelIndex index = adapter_->index_of(model_.selected());
-  if (index == currentIndex()) return;
+  if (index == currentIndex() && (!index.isValid() || selectionModel()->isSelected(index))) return;
   opened_ = false;
   selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
 }
@@ -112,9 +156,9 @@ bool StringGrid::has_keys() const { return hasFocus() || editor_->hasFocus(); }
 
 void StringGrid::focus_moved(const QWidget* now) {
   viewport()->update();  // the selection is painted otherwise without the keys
-  // Without a window of the program in front nothing is left, and what a lock takes the focus from
-  // is not left by a person.
-  if (now == nullptr || now == this || isAncestorOf(now) || !isEnabled()) return;
+  // What goes to another window comes back here: a dialog about the edit must not take it once more. Nor
+  // is what a lock takes the focus from left by a person.
+  if (now == nullptr || now->window() != window() || now == this || isAncestorOf(now) || !isEnabled()) return;
   if (model_.edited() || opened_) take_edit();
 }
 
@@ -132,10 +176,20 @@ int StringGrid::rows_in_view() const { return viewport()->height() / verticalHea
 
 void StringGrid::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
+  tell_rows_in_view();
+}
+
+void StringGrid::tell_rows_in_view() {
   const int rows = rows_in_view();
   if (rows == rows_told_) return;
   rows_told_ = rows;
   emit rows_in_view_changed(rows);
+}
+
+void StringGrid::tell_edit_under_way() {
+  if (model_.edited() == edit_told_) return;
+  edit_told_ = model_.edited();
+  emit edit_under_way_changed(edit_told_);
 }
 
 void StringGrid::updateGeometries() {
@@ -151,7 +205,10 @@ void StringGrid::scrollContentsBy(int dx, int dy) {
 void StringGrid::changeEvent(QEvent* event) {
   QTableView::changeEvent(event);
   if (editor_ == nullptr) return;
-  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) apply_sizes();
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+    apply_sizes();
+    tell_rows_in_view();
+  }
   if (event->type() == QEvent::EnabledChange) headings_->repaint_visible();
 }
 

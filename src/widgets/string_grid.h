@@ -17,7 +17,8 @@ class GridHeadings;
 /// The one widget of all grids: paints a grid model and passes on what a person does. Every key goes to the
 /// model first, also from the open editor; what the model leaves belongs to the editor or moves the
 /// selection. The model's selected cell is the table's current one, in both directions. Only what is in
-/// view is asked for. The model outlives the grid, which takes its set_changed for itself.
+/// view is asked for. The model outlives the grid, which takes its set_changed for itself. What a key, a
+/// selection or a click makes the model throw is shown as an error.
 class StringGrid final : public QTableView {
   Q_OBJECT
 
@@ -59,6 +60,8 @@ class StringGrid final : public QTableView {
  signals:
   /// The number of whole rows in view has changed.
   void rows_in_view_changed(int rows);
+  /// The selected cell is being edited from now on, or not any more.
+  void edit_under_way_changed(bool under_way);
 
  protected:
   bool event(QEvent* event) override;
@@ -74,32 +77,17 @@ class StringGrid final : public QTableView {
   void scrollContentsBy(int dx, int dy) override;
 
  private:
-  class CallScope {
-   public:
-    explicit CallScope(StringGrid& grid) : grid_(grid) { ++grid_.calls_; }
-    ~CallScope() {
-      if (--grid_.calls_ == 0) grid_.follow();
-    }
-    CallScope(const CallScope&) = delete;
-    CallScope& operator=(const CallScope&) = delete;
-
-   private:
-    StringGrid& grid_;
-  };
-
   void set_up_table();
   void set_up_editor();
   void set_up_headings();
 
   /// Calls into the model, and follows it when the outermost call is over: in between the model may be
-  /// half-way.
-  template <class Call>
-  auto tell(Call call) {
-    const CallScope scope(*this);
-    return call();
-  }
+  /// half-way. What the call throws goes no further, since it would meet a table view that is half-way, too.
+  void tell(const std::function<void()>& call);
   void follow();
   void follow_selection();
+  void tell_rows_in_view();
+  void tell_edit_under_way();
   void apply_sizes();
   void apply_row_height();
   void apply_column_widths();
@@ -108,6 +96,7 @@ class StringGrid final : public QTableView {
   int scaled(int pixels) const;
 
   bool take_key(QKeyEvent& event);
+  bool model_takes(const QKeyEvent& event);
   bool take_key_of_grid(QKeyEvent& event);
   bool move_out_of_editor(QKeyEvent& event);
   bool start_edit(QKeyEvent& event);
@@ -123,12 +112,14 @@ class StringGrid final : public QTableView {
   bool wants_editor() const;
   bool open_editor();
   bool open_editor_with(const QString& text);
+  bool open_editor_within_text();
   bool give_up_edit();
   void close_editor();
   void place_editor();
   void fill_editor();
 
   GridModel& model_;
+  Messages& messages_;
   GridAdapter* adapter_;
   CellEditor* editor_ = nullptr;
   GridHeadings* headings_ = nullptr;
@@ -145,6 +136,7 @@ class StringGrid final : public QTableView {
   GridCell editor_cell_{-1, -1};
   std::vector<int> widths_told_;
   int rows_told_ = -1;
+  bool edit_told_ = false;
 };
 
 }  // namespace kov

@@ -74,10 +74,15 @@ bool StringGrid::take_key(QKeyEvent& event) {
     copy();
     return true;
   }
-  const bool was_open = editor_->isVisible();  // the model may count the key as the first of an edit
+  if (model_takes(event) || take_key_of_grid(event)) return true;
+  return editor_->isVisible() ? move_out_of_editor(event) : start_edit(event);
+}
+
+bool StringGrid::model_takes(const QKeyEvent& event) {
   const auto key = grid_key(event);
-  if (key && tell([&] { return model_.key(*key); })) return true;
-  return take_key_of_grid(event) || (was_open ? move_out_of_editor(event) : start_edit(event));
+  bool taken = key.has_value();  // and one at which the model fails is not the grid's either
+  if (key) tell([&] { taken = model_.key(*key); });
+  return taken;
 }
 
 /// What the model has left, and means the same with the editor open and without one.
@@ -95,6 +100,8 @@ bool StringGrid::take_key_of_grid(QKeyEvent& event) {
       return move_by_tab(true);
     case Qt::Key_Backtab:
       return move_by_tab(false);
+    case Qt::Key_F2:
+      return open_editor_within_text();
     case Qt::Key_F10:
       if (event.modifiers() != Qt::ShiftModifier) return false;
       click(GridClick::right);
@@ -129,21 +136,14 @@ bool StringGrid::start_edit(QKeyEvent& event) {
   }
   if (is_typed_text(event)) return open_editor_with(event.text());
   if (!is_plain(event)) return false;
-  if (event.key() == Qt::Key_F2) return open_editor();
   const bool erases = event.key() == Qt::Key_Backspace || event.key() == Qt::Key_Delete;
   return erases && open_editor_with(QString());
 }
 
 bool StringGrid::move_by_tab(bool forward) {
-  const int columns = adapter_->columnCount();
-  const int rows = adapter_->rowCount();
-  const QModelIndex here = currentIndex();
-  const qint64 cell = qint64{here.row()} * columns + here.column() + (forward ? 1 : -1);
-  if (!here.isValid() || cell < 0 || cell >= qint64{rows} * columns) {
-    focusNextPrevChild(forward);
-    return true;
-  }
-  go_to(adapter_->index(static_cast<int>(cell / columns), static_cast<int>(cell % columns)));
+  bool stays = true;
+  tell([&] { stays = model_.select_next(forward); });
+  if (!stays) focusNextPrevChild(forward);
   return true;
 }
 
@@ -225,8 +225,15 @@ bool StringGrid::open_editor() {
 
 bool StringGrid::open_editor_with(const QString& text) {
   if (!open_editor()) return false;
-  model_.edit(from_qt(text));
-  fill_editor();
+  tell([&] { model_.edit(from_qt(text)); });
+  return true;
+}
+
+/// With the cursor behind the text, where Left and Right then move.
+bool StringGrid::open_editor_within_text() {
+  if (!open_editor()) return false;
+  editor_->deselect();
+  editor_->end(false);
   return true;
 }
 

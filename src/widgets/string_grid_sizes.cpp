@@ -16,12 +16,18 @@ namespace {
 constexpr double model_dots_per_inch = 96;
 /// The heading column is fitted to the headings of so many rows at most.
 constexpr int measured_headings = 64;
+/// What a model's width may make of the heading column, which never scrolls away. Its texts may need more.
+constexpr int widest_heading = 240;
 /// Pixels around the text of a row.
 constexpr int row_padding = 8;
 
 }  // namespace
 
-int StringGrid::scaled(int pixels) const { return qRound(pixels * logicalDpiX() / model_dots_per_inch); }
+/// A width that a table can have, whatever a parameter says.
+int StringGrid::scaled(int pixels) const {
+  const double width = pixels * (logicalDpiX() / model_dots_per_inch);
+  return qRound(std::clamp(width, 1.0, static_cast<double>(horizontalHeader()->maximumSectionSize())));
+}
 
 void StringGrid::apply_sizes() {
   apply_row_height();
@@ -57,19 +63,20 @@ void StringGrid::apply_column_widths() {
   for (int c = 0; c < count; ++c) {
     widths[static_cast<std::size_t>(c)] = wanted_width(c + model_.fixed_columns());
   }
-  if (widths == widths_told_ && usual == horizontalHeader()->defaultSectionSize()) return;
-  horizontalHeader()->setMinimumSectionSize(1);
-  horizontalHeader()->setDefaultSectionSize(usual);
-  for (int c = 0; c < count; ++c) {
-    const int width = widths[static_cast<std::size_t>(c)];
-    if (width != horizontalHeader()->sectionSize(c)) horizontalHeader()->resizeSection(c, width);
+  if (usual != horizontalHeader()->defaultSectionSize()) {
+    horizontalHeader()->setDefaultSectionSize(usual);  // and every column gets this width
+    widths_told_.clear();
+  }
+  for (std::size_t c = 0; c < widths.size(); ++c) {
+    const bool is_told = c < widths_told_.size() && widths_told_[c] == widths[c];
+    if (!is_told) setColumnWidth(static_cast<int>(c), widths[c]);
   }
   widths_told_ = std::move(widths);
 }
 
 void StringGrid::apply_heading_width() {
   if (verticalHeader()->isHidden()) return;
-  int width = scaled(model_.column_width(0));
+  int width = scaled(std::min(model_.column_width(0), widest_heading));
   const int rows = std::min(model_.row_count(), measured_headings);
   for (int row = 0; row < rows; ++row) {
     const int text_width = fontMetrics().horizontalAdvance(to_qt(model_.text({0, row})));

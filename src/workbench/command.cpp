@@ -4,10 +4,10 @@
 #include <new>
 #include <vector>
 
+#include "interact/error_text.h"
 #include "numbers/errors.h"
 #include "text/tokens.h"
 #include "workbench/command_groups.h"
-#include "interact/error_text.h"
 
 namespace kov {
 namespace {

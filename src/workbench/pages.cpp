@@ -160,6 +160,11 @@ void Pages::leave_grids() {
   for (GridModel* grid : all()) grid->leave();
 }
 
+bool Pages::edit_under_way() {
+  const auto grids = all();
+  return std::any_of(grids.begin(), grids.end(), [](const GridModel* grid) { return grid->edited(); });
+}
+
 void Pages::refresh() {
   redisplay([this] { show_active_page(); });
 }

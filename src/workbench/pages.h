@@ -54,6 +54,8 @@ class Pages : private Display {
   void refresh();
   /// Takes the edit under way in the grid that has one, as leaving it does; before a command runs.
   void leave_grids();
+  /// Whether there is one.
+  bool edit_under_way();
 
   /// The text that a page shows behind or beside its grid or picture: "Sums1", "Sums2", "Graph1", "Graph2",
   /// "Algadd" (the table menu's summary); empty where there is none or for another page.

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <map>
+#include <new>
 #include <string>
 #include <utility>
 #include <vector>
@@ -13,7 +14,8 @@ namespace kov {
 
 /// A grid of integers, COLUMN * 100 + ROW where none was typed, that notes what reaches it. Digits and
 /// Backspace are the editor's; "P" adds one, "G" goes to the last cell; other characters are swallowed.
-/// Column 4 is read-only. A typed "99" is refused.
+/// Column 4 is read-only. A typed "99" is refused. Memory runs out at its stores and texts where a test says
+/// so.
 class FakeGrid final : public GridModel {
  public:
   int columns = 6;
@@ -26,6 +28,9 @@ class FakeGrid final : public GridModel {
   std::map<std::pair<int, int>, std::string> typed;
   bool takes_enter = false;
   std::function<void()> during_key;
+  bool fails_to_store = false;
+  /// So many of the next texts.
+  mutable int failing_texts = 0;
 
   int column_count() const override { return columns; }
   int row_count() const override { return rows; }
@@ -33,10 +38,13 @@ class FakeGrid final : public GridModel {
   bool always_shows_editor() const override { return shows_editor; }
   bool editable(GridCell cell) const override { return cell.column != 4; }
   int default_column_width() const override { return width; }
-  int column_width(int column) const override { return column == 5 ? 2 * width : width; }
+  int column_width(int column) const override {
+    return column == 5 && 0 < width && width < 1000 ? 2 * width : width;
+  }
 
   std::string text(GridCell cell) const override {
     asked.push_back(cell);
+    if (failing_texts > 0 && failing_texts-- > 0) throw std::bad_alloc();
     if (cell.column == 0 && cell.row == 0 && heading_rows > 0) return "corner";
     if (cell.row == 0 && heading_rows > 0) return "c" + int_text(cell.column);
     if (cell.column == 0) return int_text(cell.row);
@@ -63,6 +71,7 @@ class FakeGrid final : public GridModel {
 
  protected:
   void take_edit(GridCell cell, const std::string& text) override {
+    if (fails_to_store) throw std::bad_alloc();
     events.push_back("take " + name_of(cell) + " " + text);
     if (text != "99") typed[{cell.column, cell.row}] = text;
   }

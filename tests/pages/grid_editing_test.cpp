@@ -93,7 +93,7 @@ TEST_F(GridEditing, F2AndDoubleClickOpenWithTheText) {
   open();
   press(Qt::Key_F2);
   EXPECT_TRUE(editor().isVisible());
-  EXPECT_EQ(editor().selectedText(), "101");
+  EXPECT_EQ(editor().text(), "101");
   EXPECT_FALSE(model.edited());
   press(Qt::Key_Escape);
   EXPECT_FALSE(editor().isVisible());
@@ -104,6 +104,94 @@ TEST_F(GridEditing, F2AndDoubleClickOpenWithTheText) {
   grid->set_opens_on_double_click(false);
   QTest::mouseDClick(grid->viewport(), Qt::LeftButton, {}, place({3, 3}));
   EXPECT_FALSE(editor().isVisible());
+}
+
+TEST_F(GridEditing, F2LeadsIntoTheTextAlsoInTheOpenEditor) {
+  open();
+  for (const bool always : {false, true}) {
+    model.shows_editor = always;
+    model.changed();
+    ASSERT_EQ(editor().isVisible(), always);
+    press(Qt::Key_F2);
+    EXPECT_FALSE(editor().hasSelectedText());
+    EXPECT_EQ(editor().cursorPosition(), 3);
+    press(Qt::Key_Left);
+    EXPECT_EQ(editor().cursorPosition(), 2);
+    press(Qt::Key_Right);
+    EXPECT_EQ(model.selected(), (GridCell{1, 1}));
+    type("5");
+    EXPECT_EQ(editor().text(), "1015");
+    press(Qt::Key_Escape);
+  }
+}
+
+TEST_F(GridEditing, WhatAnInputMethodComposesIsKeysToo) {
+  model.shows_editor = true;
+  open();
+  const auto compose = [&](const char* text) {
+    QInputMethodEvent event;
+    event.setCommitString(text);
+    QApplication::sendEvent(&editor(), &event);
+  };
+  compose("P");
+  EXPECT_EQ(model.typed.at({1, 1}), "102");
+  compose("7x8");
+  EXPECT_EQ(editor().text(), "78");
+  EXPECT_EQ(model.editor_text(), "78");
+  EXPECT_EQ(model.events, (Events{"key P", "key 7", "key x", "key 8"}));
+  compose("\u00e4");
+  EXPECT_EQ(editor().text(), "78");
+}
+
+TEST_F(GridEditing, ATextThatCannotBeStoredStaysAndIsStoredLater) {
+  open();
+  model.fails_to_store = true;
+  type("7");
+  press(Qt::Key_Return);
+  EXPECT_EQ(messages.shown, (std::vector<RecordedMessage>{{MessageKind::error, "Not enough memory."}}));
+  EXPECT_EQ(editor().text(), "7");
+  EXPECT_TRUE(model.edited());
+  press(Qt::Key_Down);
+  click({3, 3});
+  EXPECT_EQ(messages.shown.size(), 3u);
+  EXPECT_EQ(current(), (GridCell{1, 1}));
+  EXPECT_EQ(grid->selectionModel()->selectedIndexes(), QModelIndexList{index({1, 1})});
+  EXPECT_EQ(editor().text(), "7");
+  EXPECT_EQ(editor().geometry(), grid->visualRect(index({1, 1})));
+  model.fails_to_store = false;
+  click({2, 2});
+  EXPECT_EQ(model.typed.at({1, 1}), "7");
+  EXPECT_EQ(current(), (GridCell{2, 2}));
+  EXPECT_EQ(model.selected(), (GridCell{2, 2}));
+  EXPECT_EQ(messages.shown.size(), 3u);
+}
+
+TEST_F(GridEditing, WhatCouldNotBeFollowedIsFollowedLater) {
+  open();
+  model.during_key = [&] { model.failing_texts = 1; };
+  type("G");
+  EXPECT_EQ(messages.texts(), std::vector<std::string>{"Not enough memory."});
+  EXPECT_EQ(model.selected(), (GridCell{5, 7}));
+  QApplication::processEvents();
+  EXPECT_EQ(current(), (GridCell{5, 7}));
+}
+
+TEST_F(GridEditing, TellsWhetherAnEditIsUnderWay) {
+  open();
+  std::vector<bool> told;
+  QObject::connect(grid, &StringGrid::edit_under_way_changed, [&](bool on) { told.push_back(on); });
+  press(Qt::Key_F2);
+  EXPECT_TRUE(told.empty());
+  press(Qt::Key_Escape);
+  type("12");
+  EXPECT_EQ(told, std::vector<bool>{true});
+  press(Qt::Key_Escape);
+  EXPECT_EQ(told, (std::vector<bool>{true, false}));
+  press(Qt::Key_F2);
+  type("3");
+  EXPECT_EQ(told.size(), 3u);
+  press(Qt::Key_Down);
+  EXPECT_EQ(told, (std::vector<bool>{true, false, true, false}));
 }
 
 TEST_F(GridEditing, BackspaceAndDeleteEmptyTheText) {

@@ -78,5 +78,21 @@ TEST(CommentText, GoesRound) {
   }
 }
 
+TEST(CommentText, BytesThatAreNoUtf8AreLatin1) {
+  EXPECT_EQ(encoding_of("\xc3\xa4"), CommentEncoding::utf8);
+  for (const char* bytes : {"\xe4", "a\xc3", "\xc3\xa4 \xe4"}) {
+    EXPECT_EQ(encoding_of(bytes), CommentEncoding::latin1) << bytes;
+  }
+  EXPECT_EQ(editor_text_of("gr\xfc\xdf\xa0"
+                           "e\r\n"),
+            QString("gr\u00fc\u00df\u00a0e"));
+}
+
+TEST(CommentText, KeepsItsEncodingWhileItsCharactersFit) {
+  EXPECT_EQ(comment_of("\u00fc", CommentEncoding::latin1), "\xfc\r\n");
+  EXPECT_EQ(comment_of("\u00fc", CommentEncoding::utf8), "\xc3\xbc\r\n");
+  EXPECT_EQ(comment_of("\u00fc\u20ac", CommentEncoding::latin1), "\xc3\xbc\xe2\x82\xac\r\n");
+}
+
 }  // namespace
 }  // namespace kov

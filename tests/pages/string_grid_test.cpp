@@ -103,6 +103,43 @@ TEST_F(StringGridTest, KeepsAColumnThatWasMadeWider) {
   EXPECT_EQ(grid->columnWidth(1), 133);
 }
 
+TEST_F(StringGridTest, AWideColumnStaysWhereRowsComeAndOtherTextsGrow) {
+  open();
+  grid->set_fitted_row(3);
+  grid->setColumnWidth(1, 133);
+  model.rows = 30;
+  model.changed();
+  EXPECT_EQ(grid->columnWidth(1), 133);
+  const int usual = grid->columnWidth(0);
+  model.typed[{1, 3}] = "1234567890/1234567890";
+  model.changed();
+  EXPECT_GT(grid->columnWidth(0), usual);
+  EXPECT_EQ(grid->columnWidth(1), 133);
+  model.columns = 8;
+  model.changed();
+  EXPECT_EQ(grid->columnWidth(1), 133);
+  EXPECT_EQ(grid->columnWidth(6), usual);
+  model.width = 60;
+  model.changed();
+  EXPECT_EQ(grid->columnWidth(1), grid->columnWidth(2));
+}
+
+TEST_F(StringGridTest, EveryIntegerIsAWidth) {
+  open();
+  for (const int width : {highest_int, 1'000'000'000, 2'000'000}) {
+    model.width = width;
+    model.changed();
+    EXPECT_EQ(grid->columnWidth(0), grid->horizontalHeader()->maximumSectionSize()) << width;
+    EXPECT_LT(grid->verticalHeader()->width(), grid->width()) << width;
+  }
+  for (const int width : {0, -1, lowest_int}) {
+    model.width = width;
+    model.changed();
+    EXPECT_EQ(grid->columnWidth(0), 1) << width;
+    EXPECT_GT(grid->verticalHeader()->width(), grid->fontMetrics().horizontalAdvance("7")) << width;
+  }
+}
+
 TEST_F(StringGridTest, FollowsTheCountsOfTheModel) {
   open();
   grid->setCurrentIndex(index({2, 2}));
@@ -243,6 +280,19 @@ TEST_F(StringGridTest, TellsHowManyRowsAreInView) {
   QApplication::processEvents();
   EXPECT_EQ(told, grid->rows_in_view());
   EXPECT_EQ(told, grid->viewport()->height() / grid->rowHeight(0));
+}
+
+TEST_F(StringGridTest, AnotherFontIsAnotherNumberOfRowsInView) {
+  model.heading_rows = 0;  // whose height would change the view's
+  open();
+  int told = 0;
+  QObject::connect(grid, &StringGrid::rows_in_view_changed, [&](int rows) { told = rows; });
+  const int before = grid->rows_in_view();
+  QFont larger = grid->font();
+  larger.setPointSize(3 * larger.pointSize());
+  grid->setFont(larger);
+  EXPECT_LT(told, before);
+  EXPECT_EQ(told, grid->rows_in_view());
 }
 
 TEST_F(StringGridTest, AsksForWhatIsInViewOnly) {

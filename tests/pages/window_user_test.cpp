@@ -216,6 +216,23 @@ TEST_F(WindowUserTest, BreakIsAnsweredAtOnce) {
   EXPECT_TRUE(user.break_requested());
 }
 
+TEST_F(WindowUserTest, BreakEndsTheOperationBehindOneWhoseReactingFailed) {
+  bool fails = true;
+  WindowUser::Hooks hooks;
+  hooks.time = [&](const std::optional<OperationTime>& time) {
+    if (time && fails) throw std::bad_alloc();
+  };
+  user.set_hooks(std::move(hooks));
+  {
+    const ProgressBox box(user, 0, 10);
+    EXPECT_THROW(run(milliseconds(2000)), std::bad_alloc);
+  }
+  fails = false;
+  const ProgressBox box(user, 0, 10);
+  QTimer::singleShot(0, &window, [&] { QTest::mouseClick(&button(), Qt::LeftButton); });
+  EXPECT_TRUE(run(milliseconds(2000)));
+}
+
 TEST_F(WindowUserTest, BreakOfOneOperationDoesNotMeetTheNext) {
   {
     const ProgressBox box(user, 0, 10);

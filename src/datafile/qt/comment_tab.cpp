@@ -4,9 +4,9 @@
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QSignalBlocker>
+#include <QTextDocument>
 #include <QVBoxLayout>
 
-#include "datafile/qt/comment_text.h"
 #include "widgets/menu_keys.h"
 
 namespace kov {
@@ -19,6 +19,14 @@ class CommentEdit final : public QPlainTextEdit {
     return !source->hasUrls() && QPlainTextEdit::canInsertFromMimeData(source);
   }
 };
+
+/// What toPlainText gives, but that it makes blanks of no-break spaces.
+QString text_of(const QTextDocument& document) {
+  QString text = document.toRawText();
+  text.replace(QChar::ParagraphSeparator, '\n');
+  text.replace(QChar::LineSeparator, '\n');
+  return text;
+}
 
 }  // namespace
 
@@ -37,13 +45,14 @@ CommentTab::CommentTab(std::string& comment, QWidget* parent)
 }
 
 void CommentTab::take_text() {
-  comment_ = comment_of(editor_->toPlainText());
+  comment_ = comment_of(text_of(*editor_->document()), encoding_);
   shown_ = comment_;
 }
 
 void CommentTab::follow() {
   if (comment_ == shown_) return;
   const QSignalBlocker blocker(editor_);
+  encoding_ = encoding_of(comment_);
   editor_->setPlainText(editor_text_of(comment_));
   shown_ = comment_;
 }

@@ -3,6 +3,8 @@
 #include <QWidget>
 #include <string>
 
+#include "datafile/qt/comment_text.h"
+
 class QPlainTextEdit;
 
 namespace kov {
@@ -23,6 +25,8 @@ class CommentTab final : public QWidget {
   std::string& comment_;
   /// What the editor shows.
   std::string shown_;
+  /// Of the comment as it was when the editor took it: what is typed leaves the other bytes as they were.
+  CommentEncoding encoding_ = CommentEncoding::utf8;
   QPlainTextEdit* editor_;
 };
 
