@@ -9,5 +9,6 @@ void register_step_benchmarks(Scale scale);
 void register_store_benchmarks(Scale scale);
 void register_file_benchmarks(Scale scale);
 void register_comb_benchmarks(Scale scale);
+void register_graph_benchmarks(Scale scale);
 
 }  // namespace kov

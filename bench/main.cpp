@@ -29,6 +29,7 @@ int run(std::vector<char*> arguments) {
   kov::register_store_benchmarks(scale);
   kov::register_file_benchmarks(scale);
   kov::register_comb_benchmarks(scale);
+  kov::register_graph_benchmarks(scale);
   kov::TableReporter table;
   benchmark::RunSpecifiedBenchmarks(&table);
   benchmark::ClearRegisteredBenchmarks();

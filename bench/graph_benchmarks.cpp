@@ -1,0 +1,146 @@
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <memory>
+#include <stdexcept>
+#include <string>
+
+#include "bench/benchmarks.h"
+#include "bench/silent_user.h"
+#include "bench/stopwatch.h"
+#include "graphs/calc_gc.h"
+#include "graphs/graph1_page.h"
+#include "graphs/graph2_page.h"
+#include "graphs/map_raster.h"
+#include "support/plain_measure.h"
+#include "text/integers.h"
+
+namespace kov {
+namespace {
+
+constexpr ImageSize page_size{1400, 900};
+
+/// A square of points in the plane k1, k2, and what the graph pages make of it.
+struct GraphBench {
+  explicit GraphBench(std::int32_t side) {
+    cph.InitPrgPar(WindowFacts{});
+    RangeTable& table = tables.current_table();
+    table.range[0] = {Lk::filled(lowest_int), Lk::filled(highest_int)};
+    table.icoo_along_y_in_g2 = {2, 2};
+    for (std::int32_t k1 = 0; k1 < side; ++k1) {
+      Lk key = Lk::at(0, 0, k1);
+      for (key.coo[2] = 0; key.coo[2] < side; ++key.coo[2]) lmap.set(key, (37 * k1 + key.coo[2]) % 997 + 1);
+    }
+  }
+
+  void fill(ValueMap& map, ImageSize image) {
+    const auto text =
+        Calc_v_from_lgl(lmap, tables.current_table(), MapChoice::of_radio(0), image, cph, user, map);
+    if (!text.empty()) throw std::runtime_error(text);
+  }
+
+  SilentUser user;
+  cphclass cph{user.messages()};
+  Lmap lmap;
+  RangeTables tables;
+  PlainMeasure measure;
+  G1Checks checked{true};
+  bool oplot = false;
+  CurveStates states{};
+  int radio_index = 0;
+  Graph1Page graph1{{lmap, tables, cph, checked, oplot, [] { return std::string("bench.aa1"); }},
+                    user.messages(),
+                    user.progress()};
+  Graph2Page graph2{{lmap, tables, cph, states, radio_index, [] { return std::string("bench.aa1"); }}, user};
+};
+
+double million_points(const GraphBench& bench) { return static_cast<double>(bench.lmap.count()) / 1e6; }
+
+void bin_graph1(benchmark::State& state, GraphBench& bench) {
+  const G1Task task{bench.lmap,      bench.tables.current_table(), bench.cph, bench.checked, page_size.width,
+                    page_size.height};
+  auto par = std::make_unique<G1Par>();
+  FastestTime time;
+  for ([[maybe_unused]] auto iteration : state) {
+    G1Outcome outcome{};
+    time.measure(
+        state, [&] { outcome = Calc_gc_from_lgl(task, *par, bench.user.messages(), bench.user.progress()); });
+    if (outcome != G1Outcome::calculated) throw std::runtime_error("Graph1 was not calculated");
+  }
+  state.counters["M points/s"] = million_points(bench) / time.seconds();
+}
+
+void bin_graph2(benchmark::State& state, GraphBench& bench) {
+  ValueMap map;
+  FastestTime time;
+  for ([[maybe_unused]] auto iteration : state) time.measure(state, [&] { bench.fill(map, page_size); });
+  state.counters["M points/s"] = million_points(bench) / time.seconds();
+}
+
+// The largest image, every pixel of it inside a box.
+void colour(benchmark::State& state, GraphBench& bench) {
+  ValueMap map;
+  bench.fill(map, {max_hpixcount, max_vpixcount});
+  ColourScale scale(ColourRamp::read(bench.cph));
+  scale.Set_equally_distributed_fclimit(map.values(), bench.user.messages());
+  FastestTime time;
+  for ([[maybe_unused]] auto iteration : state) {
+    time.measure(state, [&] {
+      if (!map_raster(map, scale, false, 30, bench.user.progress())) throw std::runtime_error("no raster");
+    });
+  }
+  state.counters["M pixels/s"] = max_hpixcount * max_vpixcount / 1e6 / time.seconds();
+}
+
+// From the moment the tab is chosen until the picture is there to be painted.
+template <class Show, class Page>
+void show_page(benchmark::State& state, GraphBench& bench, Page& page, const Show& show) {
+  page.fit(page_size.width, page_size.height, bench.measure);
+  FastestTime time;
+  for ([[maybe_unused]] auto iteration : state) {
+    time.measure(state, [&] {
+      show();
+      benchmark::DoNotOptimize(page.picture(page_size.width, page_size.height, bench.measure));
+    });
+  }
+  state.counters["us"] = 1e6 * time.seconds();
+}
+
+void show_graph1(benchmark::State& state, GraphBench& bench) {
+  show_page(state, bench, bench.graph1, [&] { bench.graph1.show(); });
+}
+
+void show_graph2(benchmark::State& state, GraphBench& bench) {
+  show_page(state, bench, bench.graph2, [&] { bench.graph2.shown(); });
+}
+
+// With the common scale: nothing is calculated.
+void click_box(benchmark::State& state, GraphBench& bench) {
+  bench.cph.setkmi_1("Graph1_quick_xscale_r12_common", 1);
+  bench.graph1.show();
+  show_page(state, bench, bench.graph1, [&] {
+    bench.checked[g1_qa] = !bench.checked[g1_qa];
+    bench.graph1.check_box_changed();
+  });
+}
+
+}  // namespace
+
+void register_graph_benchmarks(Scale scale) {
+  const std::int32_t side = scale == Scale::full ? 1000 : 30;
+  const std::string size = ", " + int_text(side * side) + " points";
+  const auto bench = std::make_shared<GraphBench>(side);
+  const auto add = [&](const std::string& name, void (*run)(benchmark::State&, GraphBench&)) {
+    benchmark::RegisterBenchmark(name.c_str(), [bench, run](benchmark::State& state) { run(state, *bench); })
+        ->UseManualTime()
+        ->MinTime(seconds_per_benchmark(scale));
+  };
+  add("Graph1, binning" + size, bin_graph1);
+  add("Graph2, binning" + size, bin_graph2);
+  add("Graph2, colouring of 3000 x 2000 pixels", colour);
+  add("Graph1 page" + size, show_graph1);
+  add("Graph2 page" + size, show_graph2);
+  add("Graph1, click on a check box" + size, click_box);
+}
+
+}  // namespace kov
