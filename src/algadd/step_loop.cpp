@@ -129,9 +129,7 @@ void StepLoop::delete_smallest() {
 }
 
 void StepLoop::report_memory_stop() const {
-  user_.messages.information(status_line(lmap_) +
-                             "\nStop, because more memory used \nthan specified in configuration by "
-                             "MaxAllowedMemOccupationInKB");
+  user_.messages.information(status_line(lmap_) + memory_stop_text);
 }
 
 void StepLoop::drop_incomplete_row() {

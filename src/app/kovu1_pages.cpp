@@ -18,9 +18,9 @@
 #include "sums/qt/sums1_tab.h"
 #include "sums/qt/sums2_tab.h"
 #include "widgets/scoped_flag.h"
+#include "widgets/string_grid.h"
 #include "workbench/check_boxes.h"
 #include "workbench/page_picture.h"
-#include "widgets/string_grid.h"
 
 namespace kov {
 

@@ -14,6 +14,10 @@ std::string status_line(const Lmap& lmap);
 
 inline constexpr const char* lattices_are_empty = " Lattices are empty. ";
 
+/// Why an operation stopped whose store has passed the memory limit.
+inline constexpr const char* memory_stop_text =
+    "\nStop, because more memory used \nthan specified in configuration by MaxAllowedMemOccupationInKB";
+
 /// The smallest and largest value of each of the 32 key integers, and a counter for each, which is 0
 /// here and the caller's to use. Of an empty store the minima are the largest and the maxima the smallest
 /// 32-bit integer.
