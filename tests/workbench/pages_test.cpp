@@ -233,6 +233,17 @@ TEST(Pages, TellWhenSomethingAroundTheGridsMayHaveChanged) {
   EXPECT_FALSE(changed());
 }
 
+TEST(Pages, KnowOfAnEditInAnyGrid) {
+  PagesDesk desk;
+  for (const char* grid : {"Slq", "Sldim", "SlAlgadd", "Slds1"}) {
+    EXPECT_FALSE(desk.pages.edit_under_way()) << grid;
+    desk.type(grid, {1, 3}, "2");
+    EXPECT_TRUE(desk.pages.edit_under_way()) << grid;
+    desk.pages.leave_grids();
+  }
+  EXPECT_FALSE(desk.pages.edit_under_way());
+}
+
 TEST(Pages, ThatAreGoneShowNothing) {
   Desk desk;
   { Pages pages(desk.workbench, desk.user()); }
