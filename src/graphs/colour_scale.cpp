@@ -9,7 +9,7 @@ namespace kov {
 namespace {
 
 constexpr int shown_digits = 15;
-constexpr std::size_t last = fclimit_count - 1;
+constexpr std::size_t top_limit = fclimit_count - 1;
 
 std::string text(double value) { return floating_text(value, shown_digits); }
 
@@ -34,13 +34,13 @@ void ColourScale::Set_equally_distributed_fclimit(std::vector<double> values, Me
     const auto index = static_cast<std::size_t>(threshold_index(++k, step, messages));
     for (; prev <= index; ++prev) fclimit_[prev] = value;
   }
-  for (; prev <= last; ++prev) fclimit_[prev] = fclimit_[prev - 1];
+  for (; prev <= top_limit; ++prev) fclimit_[prev] = fclimit_[prev - 1];
   top_ = values.back();
 }
 
 void ColourScale::set_linear_fclimit(double smallest, double largest) {
-  for (std::size_t i = 0; i <= last; ++i) {
-    fclimit_[i] = std::lerp(smallest, largest, static_cast<double>(i) / static_cast<double>(last));
+  for (std::size_t i = 0; i <= top_limit; ++i) {
+    fclimit_[i] = std::lerp(smallest, largest, static_cast<double>(i) / static_cast<double>(top_limit));
   }
   top_ = largest;
 }
@@ -55,9 +55,9 @@ Colour ColourScale::colour_between(std::size_t i, double q) const {
 }
 
 Colour ColourScale::color_from_fcl_table(double q, Messages& messages) const {
-  if (q >= fclimit_[last]) {
-    if (littlesm(q) > fclimit_[last]) {
-      messages.minor_warning("color_from_fcl_table: \n" + text(fclimit_[last]) +
+  if (q >= fclimit_[top_limit]) {
+    if (littlesm(q) > fclimit_[top_limit]) {
+      messages.minor_warning("color_from_fcl_table: \n" + text(fclimit_[top_limit]) +
                              "=fclimit[fclimit_count-1] < littlesm(q)=" + text(littlesm(q)));
     }
     return clg2_from_01(ramp_, 1, messages);
@@ -69,7 +69,7 @@ Colour ColourScale::color_from_fcl_table(double q, Messages& messages) const {
     return clg2_from_01(ramp_, 0, messages);
   }
   std::size_t lo = 0;
-  std::size_t hi = last;
+  std::size_t hi = top_limit;
   while (hi - lo > 1) {
     const std::size_t mid = (lo + hi) / 2;
     (q < fclimit_[mid] ? hi : lo) = mid;

@@ -10,7 +10,7 @@ namespace {
 // Found by a search for ten colours whose smallest distance is as large as can be, as seen with all cones
 // and with any one kind of them missing.
 // clang-format off
-constexpr std::array<Colour, g1_curve_count> colours{{
+constexpr std::array<Colour, g1_curve_count> curve_colours{{
     { 90,  19, 245},  // SR1: qre
     {180,  38,   0},  // SR1: qim
     {  6, 194, 141},  // SR1: qq
@@ -31,12 +31,14 @@ constexpr std::array<LineStyle, g1_quantity_count> styles = {LineStyle::solid, L
 }  // namespace
 
 CurveStyle curve_style(std::size_t index, bool black_and_white) {
-  constexpr Colour black{0, 0, 0};
   const bool of_range2 = index >= g1_quantity_count;
   if (black_and_white) {
-    return {.colour = black, .width = of_range2 ? 3 : 1.5, .style = styles[index % g1_quantity_count]};
+    return {
+        .colour = Colour{0, 0, 0}, .width = of_range2 ? 3 : 1.5, .style = styles[index % g1_quantity_count]};
   }
-  return {.colour = colours[index], .width = 1.5, .style = of_range2 ? LineStyle::dashed : LineStyle::solid};
+  return {.colour = curve_colours[index],
+          .width = 1.5,
+          .style = of_range2 ? LineStyle::dashed : LineStyle::solid};
 }
 
 Colour tinted(const Colour& colour) {

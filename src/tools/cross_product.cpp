@@ -8,7 +8,7 @@
 namespace kov {
 namespace {
 
-constexpr const char* prompt =
+constexpr const char* cross_prompt =
     "Cross product calculation:\n w[coo] := u[coo]    X    v[coo+offset]\ncoo are the location coordinates\n"
     "lattices 0,1,2 contain the components of vector u\nlattices 3,4,5 contain the components of vector v\n"
     "lattices 6,7,8 contain the components of vector w\n For calculation of the crossproducts of all \n"
@@ -110,7 +110,7 @@ bool add_all_terms(const Lmap& lmap, const CrossOffset& offset, DisplayedWalk wa
 }  // namespace
 
 std::optional<CrossOffset> ask_for_cross_offset(Questions& questions) {
-  return ask_three_integers(questions, "Cross product", prompt, "0,0,0");
+  return ask_three_integers(questions, "Cross product", cross_prompt, "0,0,0");
 }
 
 std::string CrossResult::text() const {

@@ -28,7 +28,7 @@ const GraphFacts& facts_of(Page page) { return page == Page::graph2 ? graph2_fac
 std::string parameters_text(const Kmap& parameters, const GraphFacts& facts) {
   std::string text;
   for (const auto& [keyword, parameter] : parameters) {
-    const auto begins = [&](std::string_view beginning) { return keyword.starts_with(beginning); };
+    const auto begins = [&name = keyword](std::string_view beginning) { return name.starts_with(beginning); };
     if (std::ranges::none_of(facts.keywords, begins)) continue;
     text += (text.empty() ? "" : "\n") + keyword + "=" + int_text(parameter.i);
   }

@@ -161,8 +161,8 @@ void Pages::leave_grids() {
 }
 
 bool Pages::edit_under_way() {
-  const auto grids = all();
-  return std::any_of(grids.begin(), grids.end(), [](const GridModel* grid) { return grid->edited(); });
+  const auto models = all();
+  return std::any_of(models.begin(), models.end(), [](const GridModel* grid) { return grid->edited(); });
 }
 
 void Pages::refresh() {

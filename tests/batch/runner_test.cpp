@@ -81,7 +81,7 @@ INSTANTIATE_TEST_SUITE_P(Runner, Fail, testing::Values(
     FailCase{"Nonsense",                   {"error: no such line"}},
     FailCase{"File/Opne: x",               {"error: no such command: File/Opne"}},
     FailCase{"File/&Open: x",              {"error: no such command: File/&Open"}},
-    FailCase{"Mod/Init n=0 area",          {"error: no such command: Mod/Init n=0 area"}},
+    FailCase{"Mod/Init n=0 volume",          {"error: no such command: Mod/Init n=0 volume"}},
     FailCase{"Graph2/Button_g2a: 5",       {"error: no such command: Graph2/Button_g2a"}},
     FailCase{"Alg/Start Algadd: 2",        {"error: disabled now: Alg/Start Algadd"}},
     FailCase{"File/Del Cfg File: yes",     {"error: disabled now: File/Del Cfg File"}},
