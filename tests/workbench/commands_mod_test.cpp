@@ -4,6 +4,8 @@
 #include <string>
 
 #include "support/points_text.h"
+#include "text/integers.h"
+#include "text/tokens.h"
 #include "workbench/desk.h"
 
 namespace kov {
@@ -43,6 +45,74 @@ TEST(Mod, InitForTestWritesABlockOfTenBySix) {
   corner.coo[2] = 5;
   EXPECT_EQ(desk.lmap().get(corner), cotyp(10, 6, 0, 1));
   EXPECT_EQ(desk.lmap().get(Lk::at(0, 0, 4)), cotyp(5));
+}
+
+std::string area_question(const char* pieces) {
+  return std::string("According to the options N0iniarea_... ") + pieces + "\n\nDo you want this?";
+}
+
+constexpr const char* line_of_five =
+    "asquare area with max. border distance2 from zero will be initializatedalong coordinate k1 (resp x) "
+    "with+1. The stepping distance is1.";
+
+/// M = 2, D = 1, S = 1.
+struct AreaDesk : Desk {
+  AreaDesk() {
+    document().cph.setkmi_1("N0iniarea_maxcoo", 2);
+    document().cph.setkmi_1("N0iniarea_dimcount", 1);
+    document().cph.setkmi_1("N0iniarea_stepdist", 1);
+    lmap().set(Lk::at(4, 3), cotyp(7));
+    document().inverted = true;
+  }
+};
+
+TEST(Mod, InitAreaReplacesTheWholeStoreAfterAYes) {
+  AreaDesk desk;
+  EXPECT_EQ(desk.run_text("Mod", "Init n=0 area", {"yes"}),
+            question_report(area_question(line_of_five), "yes"));
+  EXPECT_EQ(points_text(desk.lmap()), "0 0 -2: 1\n0 0 -1: 1\n0 0: 1\n0 0 1: 1\n0 0 2: 1\n");
+  EXPECT_EQ(desk.person.caption(), "nlast = 0 (0.880 KB = 5e)");
+  EXPECT_FALSE(desk.document().inverted);
+}
+
+TEST(Mod, InitAreaChangesNothingAfterANo) {
+  AreaDesk desk;
+  EXPECT_EQ(desk.run_text("Mod", "Init n=0 area", {"no"}),
+            question_report(area_question(line_of_five), "no"));
+  EXPECT_EQ(desk.rows(), "3:7");
+  EXPECT_TRUE(desk.document().inverted);
+}
+
+TEST(Mod, InitAreaTellsThatItStoppedAtTheMemoryLimit) {
+  AreaDesk desk;
+  desk.document().cph.setkmi_1("N0iniarea_maxcoo", highest_int);
+  desk.document().cph.setkmi_1("MaxAllowedMemOccupationInKB", 100);
+  const auto reports = desk.run("Mod", "Init n=0 area", {"yes"});
+  ASSERT_EQ(reports.size(), 2U);
+  EXPECT_EQ(reports[1],
+            message_report("\nStop, because more memory used \nthan specified in configuration by "
+                           "MaxAllowedMemOccupationInKB"));
+  EXPECT_EQ(desk.lmap().count(), 569U);
+  EXPECT_EQ(desk.person.caption(), "nlast = 0 (100.144 KB = 569e)");
+}
+
+TEST(Mod, InitAreaKeepsWhatABreakFoundWritten) {
+  AreaDesk desk;
+  desk.document().cph.setkmi_1("Sums_EntryCountPerDisplay", 1);
+  desk.person.break_at_check(3);
+  EXPECT_EQ(desk.run("Mod", "Init n=0 area", {"yes"}).size(), 1U);
+  EXPECT_EQ(desk.lmap().count(), 3U);
+}
+
+/// Which a data file can bring in by bounds of its own.
+TEST(Mod, InitAreaRefusesStepsThatLeadNowhere) {
+  AreaDesk desk;
+  for (const char* line : {"0 0 9 0", "-3 -9 9 0"}) {
+    Tokens rest(line);
+    ASSERT_EQ(desk.document().cph.read_configuration_line("N0iniarea_stepdist", rest, true), "");
+    EXPECT_EQ(desk.run_text("Mod", "Init n=0 area"), "beep\nerror: N0iniarea_stepdist must be positive");
+    EXPECT_EQ(desk.rows(), "3:7");
+  }
 }
 
 TEST(Mod, SetDefaultOffsetTakesAxesAndOffsetsFromTheParameters) {
@@ -105,6 +175,60 @@ TEST(Mod, InvertReportsAnInverseThatIsNotFiniteAndLeavesEverything) {
   EXPECT_EQ(reports[2].substr(0, 28), "error: MathError in Invert:\n");
   EXPECT_EQ(points_text(desk.lmap()), before);
   EXPECT_FALSE(desk.document().inverted);
+}
+
+constexpr const char* cross_prompt =
+    "Cross product calculation:\n   w[coo] := u[coo]    X    v[coo+offset]\n  coo are the location "
+    "coordinates\n"
+    "  lattices 0,1,2 contain the components of vector u\n"
+    "  lattices 3,4,5 contain the components of vector v\n"
+    "  lattices 6,7,8 contain the components of vector w\n   For calculation of the crossproducts of all \n"
+    "  coordinates using offset (a,b,c,0,0,0,...))\n  enter the three integers   a,b,c";
+
+struct CrossDesk : Desk {
+  CrossDesk() {
+    lmap().set(Lk::at(0, 0), 1);
+    lmap().set(Lk::at(4, 0, 1), 1);
+    lmap().set(Lk::at(6, 0), 1);
+  }
+  std::string report(const char* answer) const {
+    return std::string("dialog: Cross product: ") + cross_prompt + " -> " + answer;
+  }
+};
+
+TEST(Mod, CrossProductReportsThePointsThatItAdded) {
+  CrossDesk desk;
+  EXPECT_EQ(desk.run_text("Mod", "Cross Product", {"1,0,0"}),
+            desk.report("1,0,0") + "\n" + message_report("1 non-zero\ncross products calculated"));
+  EXPECT_EQ(points_text(desk.lmap()), "0 0: 1\n8 0: 1\n4 0 1: 1\n");
+  EXPECT_EQ(desk.person.caption(), "nlast = 0 (0.528 KB = 3e)");
+  EXPECT_EQ(desk.preset("Mod", "Cross Product"), "0,0,0");
+}
+
+TEST(Mod, CrossProductChangesNothingWhenCancelled) {
+  CrossDesk desk;
+  EXPECT_EQ(desk.run_text("Mod", "Cross Product"), desk.report("cancel"));
+  EXPECT_EQ(desk.rows(), "0:1 0:1 0:1");
+}
+
+TEST(Mod, CrossProductTellsOfABreak) {
+  CrossDesk desk;
+  desk.document().cph.setkmi_1("Sums_EntryCountPerDisplay", 1);
+  desk.person.break_at_check(1);
+  EXPECT_EQ(desk.run("Mod", "Cross Product", {"1,0,0"}).at(1),
+            message_report("1 non-zero\ncross products calculated\n\n user break ! "));
+}
+
+TEST(Mod, CrossProductReportsAnOverflow) {
+  CrossDesk desk;
+  const cotyp huge = cotyp::floating(std::numeric_limits<double>::max(), 0.0);
+  desk.lmap().set(Lk::at(0, 0), huge);
+  desk.lmap().set(Lk::at(4, 0), huge);
+  const auto reports = desk.run("Mod", "Cross Product", {"0,0,0"});
+  ASSERT_EQ(reports.size(), 3U);
+  EXPECT_EQ(reports[2], "error: MathError in Cross Product:\n  floating point overflow");
+  EXPECT_EQ(desk.lmap().count(), 3U);
+  EXPECT_EQ(desk.person.caption(), "nlast = 0 (0.528 KB = 3e)");
 }
 
 }  // namespace
