@@ -19,7 +19,7 @@ namespace kov {
 namespace {
 
 /// In the order of their indices, for each range.
-constexpr std::array<const char*, 5> quantities = {"re", "im", "qa", "qq", "cntAt"};
+constexpr std::array<const char*, 5> radio_names = {"re", "im", "qa", "qq", "cntAt"};
 
 /// As high as its rows, which are few; what is left is the image's.
 void fit_height(StringGrid& grid) {
@@ -67,10 +67,10 @@ QGroupBox* Graph2Tab::make_group(std::size_t range) {
   auto* group = new QGroupBox;
   group->setObjectName(range == 0 ? "Map1Group" : "Map2Group");
   auto* layout = new QHBoxLayout(group);
-  for (std::size_t i = 0; i < quantities.size(); ++i) {
-    auto* button = new QRadioButton(quantities[i]);
-    button->setObjectName(QString("RB%1%2").arg(range).arg(quantities[i]));
-    buttons_->addButton(button, static_cast<int>(range * quantities.size() + i));
+  for (std::size_t i = 0; i < radio_names.size(); ++i) {
+    auto* button = new QRadioButton(radio_names[i]);
+    button->setObjectName(QString("RB%1%2").arg(range).arg(radio_names[i]));
+    buttons_->addButton(button, static_cast<int>(range * radio_names.size() + i));
     layout->addWidget(button);
   }
   return groups_[range] = group;
