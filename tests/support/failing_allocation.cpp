@@ -20,6 +20,14 @@ void* allocate(std::size_t size) {
   throw std::bad_alloc();
 }
 
+void* allocate_or_null(std::size_t size) noexcept {
+  try {
+    return allocate(size);
+  } catch (const std::bad_alloc&) {
+    return nullptr;
+  }
+}
+
 }  // namespace
 
 FailingAllocation::FailingAllocation(std::int64_t k) noexcept { allocations_left = k; }
@@ -35,9 +43,11 @@ LimitedAllocations::~LimitedAllocations() { largest_allocation = std::numeric_li
 }  // namespace kov
 
 // Every form of new and delete that the tests' code reaches, all on malloc and free, so that sanitizers see
-// matching pairs. The forms without an exception call these.
+// matching pairs: a sanitizer has its own forms without an exception, so these are here, too.
 void* operator new(std::size_t size) { return kov::allocate(size); }
 void* operator new[](std::size_t size) { return kov::allocate(size); }
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return kov::allocate_or_null(size); }
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return kov::allocate_or_null(size); }
 void operator delete(void* memory) noexcept { std::free(memory); }
 void operator delete[](void* memory) noexcept { std::free(memory); }
 void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
