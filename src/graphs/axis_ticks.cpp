@@ -166,6 +166,7 @@ std::vector<std::string> tick_numbers(const std::vector<Tick>& ticks, bool whole
   const double tolerance = tolerance_of(ticks);
   const auto numbers = [&](int count) {
     std::vector<Number> all;
+    all.reserve(ticks.size());
     for (const Tick& tick : ticks) all.push_back(number_of(tick.value, count, tolerance));
     return all;
   };
@@ -175,6 +176,7 @@ std::vector<std::string> tick_numbers(const std::vector<Tick>& ticks, bool whole
   const auto fit = [&](const Number& number) { return fits(number.text); };
   while (count > 1 && !std::ranges::all_of(written, fit)) written = numbers(--count);
   std::vector<std::string> texts;
+  texts.reserve(written.size());
   for (Number& number : written) {
     texts.push_back(number.close && fit(number) ? std::move(number.text) : std::string());
   }

@@ -59,7 +59,7 @@ void GraphImage::draw() {
 QImage GraphImage::drawn_image() {
   const Picture picture = graph_.picture(width(), height(), measure_);
   if (!graph_.drawn()) return {};
-  const QImage image = picture_image(picture, devicePixelRatioF());
+  QImage image = picture_image(picture, devicePixelRatioF());
   if (image.isNull()) throw std::bad_alloc();
   return image;
 }
