@@ -111,7 +111,8 @@ std::vector<ColourField> colour_fields(const ColourScale& scale, int digits) {
   static_assert((fclimit_count - 1) % steps == 0, "every label names a threshold");
   std::vector<ColourField> fields;
   for (int label = 0; label <= steps; ++label) {
-    const std::size_t threshold = static_cast<std::size_t>(label) * ((fclimit_count - 1) / steps);
+    const std::size_t threshold =
+        static_cast<std::size_t>(label) * static_cast<std::size_t>((fclimit_count - 1) / steps);
     fields.push_back({scale.ramp().at(static_cast<double>(label) / steps),
                       floating_text(scale.fclimit()[threshold], digits)});
   }

@@ -13,7 +13,7 @@ namespace {
 class LongOperation : public WindowDesk {
  protected:
   /// So many that an operation that tells of each of them shows itself.
-  static constexpr int points = 20'000;
+  static constexpr int points = 200'000;
 
   std::unique_ptr<TUF1> user_window;
 
