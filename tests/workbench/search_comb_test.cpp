@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <cerrno>
 #include <cmath>
 #include <string>
+#include <system_error>
 
 #include "text/integers.h"
 #include "workbench/desk.h"
@@ -73,7 +75,7 @@ TEST(SearchComb, AFileThatCannotBeWrittenIsReported) {
   const auto reports = desk.run("File", "Search Comb", {"10,2"});
   ASSERT_EQ(reports.size(), 3U);
   EXPECT_EQ(reports[1], "beep");
-  EXPECT_EQ(reports[2], "error: Cannot save kovcomb.aa2:\n  Is a directory");
+  EXPECT_EQ(reports[2], "error: Cannot save kovcomb.aa2:\n  " + std::generic_category().message(EISDIR));
   EXPECT_EQ(desk.folder.names(), std::vector<std::string>{"kovcomb.aa2"});
 }
 
