@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "algadd/algadd.h"
+#include "algadd/source_stream.h"
+#include "lattice/key_frame.h"
+#include "numbers/cotyp.h"
+
+namespace kov {
+
+/// One entry as a step sees it: every point of a stream, moved by a constant distance of packed keys, feeds
+/// p times its quantity into the row under construction.
+struct StepTerm {
+  std::size_t stream = 0;
+  std::int64_t shift = 0;
+  cotyp p;
+};
+
+/// All that one step adds to one row of destinations.
+///
+/// Contributions to one destination must be added in the order of the sources' keys, and of one source's
+/// entries. Source = destination - offset, so that order is the same for every destination: rows ascending,
+/// then the lexicographically larger offset first, then the smaller source lattice, then the entry's number.
+/// The terms stand in it, and adding term by term is the literal order without any search for it.
+struct StepPlan {
+  /// The destinations' row.
+  std::int32_t n = 0;
+  /// Packs sources and destinations alike; at most 62 bits, so that distances are signed.
+  KeyFrame frame;
+  /// A box around all destinations.
+  KeyBox box;
+  std::vector<SourceStream> streams;
+  std::vector<StepTerm> terms;
+};
+
+/// The plans of a step from the given rows of one store, one for each row of destinations, in the order of n.
+/// Nothing when keys do not pack: when a row is wide, a coordinate might wrap, or 62 bits do not hold all keys
+/// of a plan; the literal reading must then be taken.
+std::optional<std::vector<StepPlan>> plan_step(const Algadd& algadd, int table, int used_length,
+                                               const std::vector<const Row*>& sources);
+
+}  // namespace kov

@@ -1,0 +1,49 @@
+#pragma once
+
+namespace kov {
+
+/// Forces a loop body into the function that is compiled for a wider vector unit.
+#define KOV_INLINE __attribute__((always_inline))
+
+/// The vector units that loops are compiled for, besides the one that every 64-bit processor has.
+enum class VectorUnit { baseline, avx2, avx512 };
+
+/// The widest one of this processor; found out once.
+inline VectorUnit vector_unit() {
+  static const VectorUnit unit = [] {
+    if (__builtin_cpu_supports("avx512vl") && __builtin_cpu_supports("avx512dq") &&
+        __builtin_cpu_supports("avx512bw")) {
+      return VectorUnit::avx512;
+    }
+    return __builtin_cpu_supports("avx2") ? VectorUnit::avx2 : VectorUnit::baseline;
+  }();
+  return unit;
+}
+
+template <class Loop>
+__attribute__((target("avx2"))) void run_loop_avx2(const Loop& loop) {
+  loop();
+}
+
+template <class Loop>
+__attribute__((target("avx512f,avx512vl,avx512dq,avx512bw"))) void run_loop_avx512(
+    const Loop& loop) {
+  loop();
+}
+
+/// Runs loop, a function object marked KOV_INLINE, with the widest vectors that the processor has. The loop is
+/// compiled once for each unit from the one source. The results are the same on all: the loops hold no sums
+/// across lanes, and products and sums are never contracted.
+template <class Loop>
+void run_loop(const Loop& loop) {
+  switch (vector_unit()) {
+    case VectorUnit::avx512:
+      return run_loop_avx512(loop);
+    case VectorUnit::avx2:
+      return run_loop_avx2(loop);
+    case VectorUnit::baseline:
+      return loop();
+  }
+}
+
+}  // namespace kov
