@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <span>
 
@@ -22,6 +23,15 @@ struct KeyBox {
   Lk max;
 
   constexpr bool contains(const Lk& key) const noexcept { return inside(key, min, max); }
+  /// Grows, where it must, to hold all between the two bounds of another box as well; of neither a minimum
+  /// exceeds its maximum.
+  constexpr void include(const KeyBox& box) noexcept {
+    for (std::size_t i = 0; i < min.coo.size(); ++i) {
+      min.coo[i] = std::min(min.coo[i], box.min.coo[i]);
+      max.coo[i] = std::max(max.coo[i], box.max.coo[i]);
+    }
+  }
+  constexpr void include(const Lk& key) noexcept { include({key, key}); }
   friend bool operator==(const KeyBox&, const KeyBox&) = default;
 };
 

@@ -36,9 +36,10 @@ inline ratyp& ratyp::become(Fraction fraction) {
   return *this;
 }
 
+/// The sum with 0.0 turns -0.0 into 0.0 and leaves every other value as it is.
 inline ratyp& ratyp::become(double fl) {
   exact_ = false;
-  fl_ = fl;
+  fl_ = fl + 0.0;
   return *this;
 }
 

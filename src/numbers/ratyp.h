@@ -13,7 +13,8 @@ namespace kov {
 ///
 /// An exact value is reduced, its denominator positive, its zero 0/1. Operations between an exact and
 /// a floating value are floating. Floating results are computed in double precision from the
-/// quotients nu/de, so they are the same on every machine.
+/// quotients nu/de, so they are the same on every machine. A floating zero has one form, 0.0: none is
+/// ever -0.0.
 class ratyp {
  public:
   /// Exact zero.
@@ -26,7 +27,13 @@ class ratyp {
   /// nu/de, reduced. Throws ratyp_error when de is 0. What does not fit in 32 bits after reduction
   /// (only with a part that is the smallest 32-bit integer) becomes floating.
   ratyp(std::int32_t nu, std::int32_t de);
-  /// The floating value fl.
+  /// nu/de as it stands, for who knows that it is reduced and de positive: no division.
+  static constexpr ratyp reduced(std::int32_t nu, std::int32_t de) {
+    ratyp q(nu);
+    q.de_ = de;
+    return q;
+  }
+  /// The floating value fl; -0.0 as 0.0.
   static ratyp floating(double fl);
 
   bool exact() const { return exact_; }

@@ -1,0 +1,192 @@
+#include "lattice/block.h"
+
+#include <algorithm>
+#include <limits>
+#include <type_traits>
+#include <utility>
+
+namespace kov {
+namespace {
+
+constexpr std::uint64_t largest_offset = std::numeric_limits<std::uint32_t>::max();
+
+template <class Key>
+void reserve_key(std::vector<Key>& keys) {
+  if (keys.size() == keys.capacity()) keys.reserve(keys.size() + 4 + keys.size() / 8);
+}
+
+template <class Key>
+void insert_key(std::vector<Key>& keys, std::size_t i, const Key& key) noexcept {
+  keys.insert(keys.begin() + static_cast<std::ptrdiff_t>(i), key);
+}
+
+std::vector<std::uint32_t> offsets_of(std::span<const std::uint64_t> keys) {
+  std::vector<std::uint32_t> offsets(keys.size());
+  std::transform(keys.begin(), keys.end(), offsets.begin(),
+                 [base = keys.front()](std::uint64_t key) { return static_cast<std::uint32_t>(key - base); });
+  return offsets;
+}
+
+}  // namespace
+
+Block::Block(std::span<const std::uint64_t> keys, Column re, Column im)
+    : base_(keys.front()), re_(std::move(re)), im_(std::move(im)) {
+  if (keys.back() - keys.front() <= largest_offset) {
+    keys_ = offsets_of(keys);
+  } else {
+    keys_ = std::vector<std::uint64_t>(keys.begin(), keys.end());
+  }
+}
+
+Block::Block(std::uint64_t base, std::span<const std::uint32_t> offsets, Column re, Column im)
+    : base_(base),
+      keys_(std::vector<std::uint32_t>(offsets.begin(), offsets.end())),
+      re_(std::move(re)),
+      im_(std::move(im)) {}
+
+Block::Block(std::span<const Lk> keys, Column re, Column im)
+    : keys_(std::vector<Lk>(keys.begin(), keys.end())), re_(std::move(re)), im_(std::move(im)) {}
+
+std::size_t Block::bytes() const noexcept {
+  const std::size_t key = std::visit([](const auto& keys) { return sizeof(keys[0]); }, keys_);
+  return size() * key + re_.bytes() + im_.bytes();
+}
+
+void Block::decode_keys(std::size_t first, std::span<std::uint64_t> out) const noexcept {
+  if (const std::uint32_t* near = offsets()) {
+    for (std::size_t i = 0; i < out.size(); ++i) out[i] = base_ + near[first + i];
+  } else {
+    std::copy_n(keys() + first, out.size(), out.begin());
+  }
+}
+
+std::size_t Block::lower_bound(std::uint64_t key) const noexcept {
+  if (const std::uint32_t* near = offsets()) {
+    if (key <= base_) return 0;
+    if (key - base_ > largest_offset) return size();
+    const auto offset = static_cast<std::uint32_t>(key - base_);
+    return static_cast<std::size_t>(std::lower_bound(near, near + size(), offset) - near);
+  }
+  return static_cast<std::size_t>(std::lower_bound(keys(), keys() + size(), key) - keys());
+}
+
+std::size_t Block::lower_bound(const Lk& key) const noexcept {
+  const Lk* first = array<Lk>();
+  return static_cast<std::size_t>(std::lower_bound(first, first + size(), key, LkOrder()) - first);
+}
+
+Block Block::picked(std::span<const std::uint32_t> indices) const {
+  Block block = *this;
+  block.keep(indices);
+  block.shrink();
+  return block;
+}
+
+void Block::make_room(const cotyp& q) {
+  re_.make_fit(q.re);
+  im_.make_fit(q.im);
+  re_.reserve_one();
+  im_.reserve_one();
+}
+
+void Block::insert_quantity(std::size_t i, const cotyp& q) noexcept {
+  re_.insert(i, q.re);
+  im_.insert(i, q.im);
+}
+
+void Block::make_room(std::uint64_t key) {
+  if (offsets()) {
+    const std::uint64_t lowest = std::min(key, base_);
+    const std::uint64_t highest = std::max(key, last_key());
+    if (highest - lowest > largest_offset) make_far();
+  }
+  std::visit([](auto& keys) { reserve_key(keys); }, keys_);
+}
+
+void Block::make_far() {
+  std::vector<std::uint64_t> keys(size());
+  decode_keys(0, keys);
+  keys_ = std::move(keys);
+}
+
+void Block::insert(std::size_t i, std::uint64_t key, const cotyp& q) {
+  make_room(q);
+  make_room(key);
+  if (auto* near = std::get_if<std::vector<std::uint32_t>>(&keys_)) {
+    if (key < base_) {
+      const auto distance = static_cast<std::uint32_t>(base_ - key);
+      for (std::uint32_t& offset : *near) offset += distance;
+      base_ = key;
+    }
+    insert_key(*near, i, static_cast<std::uint32_t>(key - base_));
+  } else if (auto* far = std::get_if<std::vector<std::uint64_t>>(&keys_)) {
+    insert_key(*far, i, key);
+  }
+  insert_quantity(i, q);
+}
+
+void Block::insert(std::size_t i, const Lk& key, const cotyp& q) {
+  make_room(q);
+  if (auto* keys = std::get_if<std::vector<Lk>>(&keys_)) {
+    reserve_key(*keys);
+    insert_key(*keys, i, key);
+  }
+  insert_quantity(i, q);
+}
+
+void Block::set(std::size_t i, const cotyp& q) {
+  re_.make_fit(q.re);
+  im_.make_fit(q.im);
+  re_.set(i, q.re);
+  im_.set(i, q.im);
+}
+
+void Block::set_columns(Column re, Column im) noexcept {
+  re_ = std::move(re);
+  im_ = std::move(im);
+}
+
+void Block::erase(std::size_t first, std::size_t count) noexcept {
+  std::visit(
+      [&](auto& keys) {
+        const auto begin = keys.begin() + static_cast<std::ptrdiff_t>(first);
+        keys.erase(begin, begin + static_cast<std::ptrdiff_t>(count));
+      },
+      keys_);
+  re_.erase(first, count);
+  im_.erase(first, count);
+}
+
+void Block::keep(std::span<const std::uint32_t> indices) noexcept {
+  std::visit(
+      [&](auto& keys) {
+        for (std::size_t i = 0; i < indices.size(); ++i) keys[i] = keys[indices[i]];
+        keys.erase(keys.begin() + static_cast<std::ptrdiff_t>(indices.size()), keys.end());
+      },
+      keys_);
+  re_.keep(indices);
+  im_.keep(indices);
+}
+
+Block Block::split(std::size_t i) {
+  Block upper = *this;
+  upper.erase(0, i);
+  upper.shrink();
+  erase(i, size() - i);
+  shrink();
+  return upper;
+}
+
+void Block::move_to(std::int32_t n) noexcept {
+  if (auto* keys = std::get_if<std::vector<Lk>>(&keys_)) {
+    for (Lk& key : *keys) key.coo[0] = n;
+  }
+}
+
+void Block::shrink() noexcept {
+  std::visit([](auto& keys) { keys.shrink_to_fit(); }, keys_);
+  re_.shrink();
+  im_.shrink();
+}
+
+}  // namespace kov

@@ -1,0 +1,269 @@
+#include "lattice/column.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstring>
+#include <numeric>
+#include <optional>
+#include <type_traits>
+#include <utility>
+
+#include "numbers/checked_integer.h"
+
+namespace kov {
+namespace {
+
+/// What a vector reserves beyond its size when it grows.
+constexpr std::size_t room_for(std::size_t size) noexcept { return 4 + size / 8; }
+
+constexpr bool in_exact_range(std::int64_t value) noexcept {
+  return nu_min_int <= value && value <= nu_max_int;
+}
+
+/// The denominator over which every part is an integer within the exact range; where all are integers
+/// already, 1 and any integer. Nothing when there is none.
+std::optional<std::int32_t> common_denominator(std::span<const ratyp> parts) noexcept {
+  std::int64_t common = 1;
+  for (const ratyp& part : parts) {
+    if (common % part.de() == 0) continue;
+    common = std::lcm(common, std::int64_t{part.de()});
+    if (common > nu_max_int) return std::nullopt;
+  }
+  if (common == 1) return 1;
+  const auto fits = [common](const ratyp& part) { return in_exact_range(part.nu() * (common / part.de())); };
+  if (!std::all_of(parts.begin(), parts.end(), fits)) return std::nullopt;
+  return static_cast<std::int32_t>(common);
+}
+
+template <class T>
+std::uint32_t largest_magnitude(std::span<const T> parts) noexcept {
+  std::uint32_t largest = 0;
+  for (const T& part : parts) {
+    if constexpr (std::is_same_v<T, Fraction32>) {
+      largest = std::max(largest, magnitude(part.nu));
+    } else {
+      largest = std::max(largest, magnitude(part));
+    }
+  }
+  return largest;
+}
+
+bool is_floating_zero(const ratyp& part) noexcept { return !part.exact() && part.fl() == 0.0; }
+
+bool is_exact_zero(const ratyp& part) noexcept { return part.exact() && part.nu() == 0; }
+
+}  // namespace
+
+Column Column::zero(std::size_t count) noexcept { return {PartForm::zero, count}; }
+
+Column Column::floating_zero(std::size_t count) noexcept { return {PartForm::floating_zero, count}; }
+
+Column Column::integers(std::span<const std::int32_t> numerators, std::int32_t denominator) {
+  Column column(PartForm::integers, numerators.size(),
+                std::vector<std::int32_t>(numerators.begin(), numerators.end()));
+  column.denominator_ = denominator;
+  column.largest_ = largest_magnitude(numerators);
+  return column;
+}
+
+Column Column::fractions(std::span<const Fraction32> parts) {
+  Column column(PartForm::fractions, parts.size(), std::vector<Fraction32>(parts.begin(), parts.end()));
+  column.largest_ = largest_magnitude(parts);
+  return column;
+}
+
+Column Column::doubles(std::span<const double> parts) {
+  return {PartForm::doubles, parts.size(), std::vector<double>(parts.begin(), parts.end())};
+}
+
+Column Column::of(std::span<const ratyp> parts) {
+  const auto exact = static_cast<std::size_t>(
+      std::count_if(parts.begin(), parts.end(), [](const ratyp& part) { return part.exact(); }));
+  if (exact == parts.size()) return exact_of(parts);
+  if (exact != 0) return mixed_of(parts);
+  if (std::all_of(parts.begin(), parts.end(), is_floating_zero)) return floating_zero(parts.size());
+  std::vector<double> values(parts.size());
+  std::transform(parts.begin(), parts.end(), values.begin(), [](const ratyp& part) { return part.fl(); });
+  return {PartForm::doubles, parts.size(), std::move(values)};
+}
+
+Column Column::exact_of(std::span<const ratyp> parts) {
+  if (std::all_of(parts.begin(), parts.end(), is_exact_zero)) return zero(parts.size());
+  Column column(PartForm::fractions, parts.size());
+  if (const auto denominator = common_denominator(parts)) {
+    column.form_ = PartForm::integers;
+    column.denominator_ = *denominator;
+    column.parts_.emplace<std::vector<std::int32_t>>(parts.size());
+  } else {
+    column.parts_.emplace<std::vector<Fraction32>>(parts.size());
+  }
+  for (std::size_t i = 0; i < parts.size(); ++i) column.set(i, parts[i]);
+  return column;
+}
+
+Column Column::mixed_of(std::span<const ratyp> parts) {
+  std::vector<MixedPart> values(parts.size());
+  std::transform(parts.begin(), parts.end(), values.begin(), mixed);
+  return {PartForm::mixed, parts.size(), std::move(values)};
+}
+
+Column::MixedPart Column::mixed(const ratyp& part) noexcept {
+  MixedPart result{.value = {}, .exact = part.exact()};
+  if (part.exact()) {
+    result.value = std::bit_cast<std::array<std::byte, 8>>(Fraction32{part.nu(), part.de()});
+  } else {
+    result.value = std::bit_cast<std::array<std::byte, 8>>(part.fl());
+  }
+  return result;
+}
+
+ratyp Column::value(const MixedPart& part) noexcept {
+  return part.exact ? value(std::bit_cast<Fraction32>(part.value)) : value(std::bit_cast<double>(part.value));
+}
+
+ratyp Column::value(std::int32_t numerator) const noexcept {
+  return denominator_ == 1 ? ratyp(numerator) : ratyp(numerator, denominator_);
+}
+
+void Column::encode(const ratyp& part, std::int32_t& place) const noexcept {
+  place = part.nu() * (denominator_ / part.de());
+}
+
+void Column::note(const ratyp& part) noexcept {
+  if (form_ == PartForm::integers) {
+    std::int32_t numerator = 0;
+    encode(part, numerator);
+    largest_ = std::max(largest_, magnitude(numerator));
+  } else if (form_ == PartForm::fractions) {
+    largest_ = std::max(largest_, magnitude(part.nu()));
+  }
+}
+
+std::size_t Column::bytes() const noexcept {
+  std::size_t bytes = 0;
+  on_vector(parts_, [&](const auto& vector) { bytes = vector.size() * sizeof(vector[0]); });
+  return bytes;
+}
+
+ratyp Column::get(std::size_t i) const noexcept {
+  ratyp part = form_ == PartForm::floating_zero ? ratyp::floating(0.0) : ratyp();
+  on_vector(parts_, [&](const auto& vector) { part = value(vector[i]); });
+  return part;
+}
+
+void Column::decode(std::size_t first, std::span<ratyp> out) const noexcept {
+  if (std::holds_alternative<std::monostate>(parts_)) {
+    std::fill(out.begin(), out.end(), form_ == PartForm::zero ? ratyp() : ratyp::floating(0.0));
+  }
+  on_vector(parts_, [&](const auto& vector) {
+    for (std::size_t i = 0; i < out.size(); ++i) out[i] = value(vector[first + i]);
+  });
+}
+
+// A quotient of integers is the double nearest to it, reduced or not.
+void Column::decode(std::size_t first, std::span<double> out) const noexcept {
+  if (const double* values = doubles()) {
+    std::copy_n(values + first, out.size(), out.begin());
+  } else if (const std::int32_t* numerators = integers()) {
+    const auto denominator = static_cast<double>(denominator_);
+    for (std::size_t i = 0; i < out.size(); ++i) {
+      out[i] = static_cast<double>(numerators[first + i]) / denominator;
+    }
+  } else if (std::holds_alternative<std::monostate>(parts_)) {
+    std::fill(out.begin(), out.end(), 0.0);
+  } else {
+    for (std::size_t i = 0; i < out.size(); ++i) out[i] = to_double(get(first + i));
+  }
+}
+
+Column Column::picked(std::span<const std::uint32_t> indices) const {
+  Column column(form_, indices.size());
+  column.denominator_ = denominator_;
+  on_vector(parts_, [&]<class T>(const T& vector) {
+    T& taken = column.parts_.emplace<T>(indices.size());
+    for (std::size_t i = 0; i < indices.size(); ++i) taken[i] = vector[indices[i]];
+  });
+  column.largest_ = largest_;
+  return column;
+}
+
+Column Column::slice(std::size_t first, std::size_t count) const {
+  Column column(form_, count);
+  column.denominator_ = denominator_;
+  on_vector(parts_, [&]<class T>(const T& vector) {
+    const auto begin = vector.begin() + static_cast<std::ptrdiff_t>(first);
+    column.parts_.emplace<T>(begin, begin + static_cast<std::ptrdiff_t>(count));
+  });
+  column.largest_ = largest_;
+  return column;
+}
+
+bool Column::takes(const ratyp& part) const noexcept {
+  switch (form_) {
+    case PartForm::zero:
+      return is_exact_zero(part);
+    case PartForm::floating_zero:
+      return is_floating_zero(part);
+    case PartForm::integers:
+      if (!part.exact() || denominator_ % part.de() != 0) return false;
+      return denominator_ == 1 || in_exact_range(std::int64_t{part.nu()} * (denominator_ / part.de()));
+    case PartForm::fractions:
+      return part.exact();
+    case PartForm::doubles:
+      return !part.exact();
+    case PartForm::mixed:
+      break;
+  }
+  return true;
+}
+
+void Column::make_fit(const ratyp& part) {
+  if (takes(part)) return;
+  std::vector<ratyp> parts(size_ + std::size_t{1}, part);
+  decode(0, std::span(parts).first(size_));
+  Column fit = of(parts);
+  fit.erase(size_);
+  *this = std::move(fit);
+}
+
+void Column::reserve_one() {
+  on_vector(parts_, [](auto& vector) {
+    if (vector.size() == vector.capacity()) vector.reserve(vector.size() + room_for(vector.size()));
+  });
+}
+
+void Column::insert(std::size_t i, const ratyp& part) noexcept {
+  on_vector(parts_, [&](auto& vector) {
+    const auto place = vector.emplace(vector.begin() + static_cast<std::ptrdiff_t>(i));
+    encode(part, *place);
+  });
+  note(part);
+  ++size_;
+}
+
+void Column::set(std::size_t i, const ratyp& part) noexcept {
+  on_vector(parts_, [&](auto& vector) { encode(part, vector[i]); });
+  note(part);
+}
+
+void Column::erase(std::size_t first, std::size_t count) noexcept {
+  on_vector(parts_, [&](auto& vector) {
+    const auto begin = vector.begin() + static_cast<std::ptrdiff_t>(first);
+    vector.erase(begin, begin + static_cast<std::ptrdiff_t>(count));
+  });
+  size_ -= static_cast<std::uint32_t>(count);
+}
+
+void Column::keep(std::span<const std::uint32_t> indices) noexcept {
+  on_vector(parts_, [&](auto& vector) {
+    for (std::size_t i = 0; i < indices.size(); ++i) vector[i] = vector[indices[i]];
+    vector.erase(vector.begin() + static_cast<std::ptrdiff_t>(indices.size()), vector.end());
+  });
+  size_ = static_cast<std::uint32_t>(indices.size());
+}
+
+void Column::shrink() noexcept {
+  on_vector(parts_, [](auto& vector) { vector.shrink_to_fit(); });
+}
+
+}  // namespace kov
