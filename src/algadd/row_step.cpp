@@ -1,16 +1,12 @@
 #include "algadd/row_step.h"
 
-#include <algorithm>
-#include <optional>
+#include <cstddef>
 #include <utility>
-#include <variant>
 #include <vector>
 
 #include "algadd/kernel.h"
-#include "algadd/step_choice.h"
+#include "algadd/planned_row.h"
 #include "algadd/step_plan.h"
-#include "algadd/tile_run.h"
-#include "lattice/row_builder.h"
 #include "text/integers.h"
 
 namespace kov {
@@ -18,63 +14,6 @@ namespace kov {
 namespace {
 
 constexpr std::size_t points_per_breath = 1024;
-/// Parts of a row that threads take one after the other: enough that none waits long for another.
-constexpr std::size_t parts_per_thread = 8;
-constexpr std::size_t smallest_part = 32768;
-
-std::size_t contributions_of(const StepPlan& plan) {
-  std::size_t count = 0;
-  for (const StepTerm& term : plan.terms) count += plan.streams[term.stream].count();
-  return count;
-}
-
-// Splits the destinations into parts of much the same number of contributions: where a term of the longest
-// stream has moved as many of its points. The first bound lies below all destinations, the last above them.
-std::vector<std::int64_t> part_bounds(const StepPlan& plan, std::size_t parts) {
-  const auto longest = std::max_element(plan.terms.begin(), plan.terms.end(), [&](const auto& a, const auto& b) {
-    return plan.streams[a.stream].count() < plan.streams[b.stream].count();
-  });
-  const SourceStream& stream = plan.streams[longest->stream];
-  std::vector<std::int64_t> bounds{0};
-  for (std::size_t part = 1; part < parts; ++part) {
-    const std::size_t block = stream.block_count() * part / parts;
-    const std::int64_t bound = static_cast<std::int64_t>(stream.block(block).first_key()) + longest->shift;
-    if (bound > bounds.back()) bounds.push_back(bound);
-  }
-  bounds.push_back(TermPlaces::no_key);
-  return bounds;
-}
-
-template <class Arithmetic>
-Row make_row(const StepPlan& plan, const Arithmetic& arithmetic, WorkerPool& workers, Progress& progress) {
-  const std::size_t contributions = contributions_of(plan);
-  const std::size_t most_parts = static_cast<std::size_t>(workers.threads()) * parts_per_thread;
-  const std::size_t parts = std::clamp<std::size_t>(contributions / smallest_part, 1, most_parts);
-  const std::vector<std::int64_t> bounds = part_bounds(plan, parts);
-  std::vector<std::vector<Block>> blocks(bounds.size() - 1);
-  workers.run(
-      blocks.size(),
-      [&](std::size_t part) {
-        TileRun<Arithmetic>(plan, arithmetic, bounds[part], bounds[part + 1], blocks[part]).run();
-      },
-      [&] { progress.breathe(); });
-  RowBuilder row(plan.n, plan.frame);
-  for (std::vector<Block>& part : blocks) {
-    for (Block& block : part) row.append(std::move(block));
-  }
-  return row.finish();
-}
-
-Lmap planned_step(const std::vector<StepPlan>& plans, WorkerPool& workers, Progress& progress) {
-  Lmap destinations;
-  for (const StepPlan& plan : plans) {
-    if (plan.terms.empty()) continue;
-    Row row = std::visit([&](const auto& arithmetic) { return make_row(plan, arithmetic, workers, progress); },
-                         choose_arithmetic(plan));
-    if (row.count() != 0) destinations.insert_row(std::move(row));
-  }
-  return destinations;
-}
 
 // Where keys do not pack: point by point, as the step is written.
 Lmap literal_step(const Algadd& algadd, int table, int used_length, const Lmap& store, std::int32_t n,
@@ -95,8 +34,13 @@ Lmap RowStep::destinations(const Algadd& algadd, int table, int used_length, con
   std::vector<const Row*> sources;
   for (const Row& row : store.rows(n, highest_int)) sources.push_back(&row);
   const auto plans = plan_step(algadd, table, used_length, sources);
-  return plans ? planned_step(*plans, workers_, progress)
-               : literal_step(algadd, table, used_length, store, n, progress);
+  if (!plans) return literal_step(algadd, table, used_length, store, n, progress);
+  Lmap destinations;
+  for (const StepPlan& plan : *plans) {
+    Row row = planned_row(plan, workers_, progress);
+    if (!row.empty()) destinations.insert_row(std::move(row));
+  }
+  return destinations;
 }
 
 }  // namespace kov

@@ -160,8 +160,16 @@ struct CountedArithmetic {
   Factor factor(const cotyp& p) const;
   Values values(const Block& block, std::size_t from, std::size_t count, Room& room) const;
 
+  /// Whether an integer that a product or a sum of exact numbers gives is in the exact range.
   KOV_INLINE static unsigned within(double x) {
     return static_cast<unsigned>(x >= double{nu_min_int}) & static_cast<unsigned>(x <= double{nu_max_int});
+  }
+  /// The same for the sum of a and b. A sum with 0 is not tested against the range, which the negative of the
+  /// smallest number is beyond.
+  KOV_INLINE static unsigned sum_within(double sum, double a, double b) {
+    const unsigned untested = static_cast<unsigned>(sum == double{nu_max_int} + 1.0) &
+                              (static_cast<unsigned>(a == 0.0) | static_cast<unsigned>(b == 0.0));
+    return within(sum) | untested;
   }
   KOV_INLINE static Sum product(const Factor& p, const Values& q, std::size_t i) {
     const unsigned p_re = p.exact & 1U;
@@ -175,16 +183,19 @@ struct CountedArithmetic {
     const double re = t2 - t1;
     const double im = t3 + t4;
     const unsigned all = p_re & p_im & q_re & q_im;
-    const unsigned re_exact = all & within(t1) & within(t2) & within(re);
+    const unsigned re_exact = all & within(t1) & within(t2) & sum_within(re, t2, t1);
     const unsigned im_exact = all & within(t3) & within(t4) & within(im);
     return {re, im, static_cast<std::uint8_t>(re_exact | im_exact << 1U)};
   }
   KOV_INLINE static void add(Sum& sum, const Sum& product) {
     const bool absent = sum.re == 0.0 && sum.im == 0.0;
     const unsigned before = absent ? both_exact : sum.exact;
-    sum.re += product.re;
-    sum.im += product.im;
-    const unsigned in_range = within(sum.re) | within(sum.im) << 1U;
+    const double re = sum.re + product.re;
+    const double im = sum.im + product.im;
+    const unsigned in_range =
+        sum_within(re, sum.re, product.re) | sum_within(im, sum.im, product.im) << 1U;
+    sum.re = re;
+    sum.im = im;
     sum.exact = static_cast<std::uint8_t>(before & product.exact & in_range);
   }
   std::pair<Column, Column> columns(std::span<const Sum> sums) const;

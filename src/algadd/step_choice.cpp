@@ -1,7 +1,6 @@
 #include "algadd/step_choice.h"
 
 #include <algorithm>
-#include <cmath>
 #include <numeric>
 #include <optional>
 
@@ -140,7 +139,7 @@ double largest(const Column& column, std::int32_t denominator) {
 }
 
 double size_of_part(const ratyp& part, std::int32_t denominator) {
-  return scaled(std::abs(double{part.nu()}), part.de(), denominator);
+  return scaled(static_cast<double>(magnitude(part.nu())), part.de(), denominator);
 }
 
 // The largest |re| + |im| of a stream, as a numerator.

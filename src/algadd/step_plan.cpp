@@ -11,7 +11,6 @@ namespace kov {
 
 namespace {
 
-constexpr int most_key_bits = 62;
 /// Steps that a new frame leaves room for, at least.
 constexpr std::int64_t steps_of_slack = 32;
 
@@ -70,14 +69,14 @@ KeyBox with_slack(KeyBox box, const std::vector<ActiveEntry>& entries) {
 
 std::optional<KeyFrame> fitting_frame(const KeyBox& box) {
   std::optional<KeyFrame> frame = KeyFrame::for_box(box);
-  if (frame && frame->total_bits() > most_key_bits) frame.reset();
+  if (frame && frame->total_bits() > most_step_key_bits) frame.reset();
   return frame;
 }
 
 // A source's own frame saves packing its keys anew.
 std::optional<KeyFrame> step_frame(const KeyBox& keys, const std::vector<ActiveEntry>& entries) {
   const KeyFrame& own = entries.front().row->frame();
-  if (own.total_bits() <= most_key_bits && own.covers(keys)) return own;
+  if (own.total_bits() <= most_step_key_bits && own.covers(keys)) return own;
   if (std::optional<KeyFrame> roomy = fitting_frame(with_slack(keys, entries))) return roomy;
   return fitting_frame(keys);
 }

@@ -12,6 +12,9 @@
 
 namespace kov {
 
+/// What the packed keys of a step may take, so that keys and their distances are signed numbers of 64 bits.
+inline constexpr int most_step_key_bits = 62;
+
 /// One entry as a step sees it: every point of a stream, moved by a constant distance of packed keys, feeds
 /// p times its quantity into the row under construction.
 struct StepTerm {
@@ -29,7 +32,7 @@ struct StepTerm {
 struct StepPlan {
   /// The destinations' row.
   std::int32_t n = 0;
-  /// Packs sources and destinations alike; at most 62 bits, so that distances are signed.
+  /// Packs sources and destinations alike; at most most_step_key_bits.
   KeyFrame frame;
   /// A box around all destinations.
   KeyBox box;
@@ -38,8 +41,8 @@ struct StepPlan {
 };
 
 /// The plans of a step from the given rows of one store, one for each row of destinations, in the order of n.
-/// Nothing when keys do not pack: when a row is wide, a coordinate might wrap, or 62 bits do not hold all keys
-/// of a plan; the literal reading must then be taken.
+/// Nothing when keys do not pack: when a row is wide, a coordinate might wrap, or most_step_key_bits do not
+/// hold all keys of a plan; the literal reading must then be taken.
 std::optional<std::vector<StepPlan>> plan_step(const Algadd& algadd, int table, int used_length,
                                                const std::vector<const Row*>& sources);
 

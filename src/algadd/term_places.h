@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <limits>
 #include <vector>
 
 #include "algadd/step_plan.h"
@@ -21,7 +20,8 @@ struct Piece {
 /// to large ones.
 class TermPlaces {
  public:
-  static constexpr std::int64_t no_key = std::numeric_limits<std::int64_t>::max();
+  /// Above all packed keys, and with room for every distance.
+  static constexpr std::int64_t no_key = std::int64_t{1} << most_step_key_bits;
 
   /// Before the first destination that is not less than key.
   TermPlaces(const StepPlan& plan, std::int64_t key);

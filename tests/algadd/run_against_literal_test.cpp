@@ -1,40 +1,15 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <cstring>
 #include <random>
 
 #include "run_fixture.h"
+#include "step_world.h"
 #include "support/literal_run.h"
-#include "support/points_text.h"
 #include "text/integers.h"
 
 namespace kov {
 namespace {
-
-bool identical(const ratyp& a, const ratyp& b) {
-  if (a.exact() != b.exact()) return false;
-  if (a.exact()) return a.nu() == b.nu() && a.de() == b.de();
-  const double x = a.fl();
-  const double y = b.fl();
-  return std::memcmp(&x, &y, sizeof x) == 0;
-}
-
-::testing::AssertionResult identical(const Lmap& lmap, const LiteralStore& literal) {
-  if (lmap.count() != literal.size()) {
-    return ::testing::AssertionFailure() << lmap.count() << " points instead of " << literal.size();
-  }
-  auto point = lmap.begin();
-  for (const auto& [key, q] : literal) {
-    const cotyp stored = point.quantity();
-    if (point.key() != key || !identical(stored.re, q.re) || !identical(stored.im, q.im)) {
-      return ::testing::AssertionFailure()
-             << point_text(point.key(), stored) << " instead of " << point_text(key, q);
-    }
-    ++point;
-  }
-  return ::testing::AssertionSuccess();
-}
 
 /// Small random worlds in which things meet: few lattices, few coordinates, entries that cancel.
 class World {
@@ -185,12 +160,6 @@ class RunAgainstLiteral : public RunFixture {
     return plan;
   }
 };
-
-LiteralStore literal_copy(const Lmap& lmap) {
-  LiteralStore copy;
-  for (auto point = lmap.begin(); point != lmap.end(); ++point) copy[point.key()] = point.quantity();
-  return copy;
-}
 
 TEST_F(RunAgainstLiteral, EqualsItInEveryBit) {
   std::array<int, 4> modes{};

@@ -1,0 +1,70 @@
+#include "algadd/planned_row.h"
+
+#include <algorithm>
+#include <utility>
+#include <variant>
+
+#include "algadd/step_choice.h"
+#include "algadd/tile_run.h"
+#include "lattice/row_builder.h"
+
+namespace kov {
+
+namespace {
+
+/// Parts of a row that threads take one after the other: enough that none waits long for another.
+constexpr std::size_t parts_per_thread = 8;
+constexpr std::size_t smallest_part = 32768;
+
+std::size_t contributions_of(const StepPlan& plan) {
+  std::size_t count = 0;
+  for (const StepTerm& term : plan.terms) count += plan.streams[term.stream].count();
+  return count;
+}
+
+// Splits the destinations into parts of much the same number of contributions: where a term of the longest
+// stream has moved as many of its points. The first bound lies below all destinations, the last above them.
+std::vector<std::int64_t> part_bounds(const StepPlan& plan, std::size_t parts) {
+  const auto longest = std::max_element(plan.terms.begin(), plan.terms.end(), [&](const auto& a, const auto& b) {
+    return plan.streams[a.stream].count() < plan.streams[b.stream].count();
+  });
+  const SourceStream& stream = plan.streams[longest->stream];
+  std::vector<std::int64_t> bounds{0};
+  for (std::size_t part = 1; part < parts; ++part) {
+    const std::size_t block = stream.block_count() * part / parts;
+    const std::int64_t bound = static_cast<std::int64_t>(stream.block(block).first_key()) + longest->shift;
+    if (bound > bounds.back()) bounds.push_back(bound);
+  }
+  bounds.push_back(TermPlaces::no_key);
+  return bounds;
+}
+
+template <class Arithmetic>
+Row make_row(const StepPlan& plan, const Arithmetic& arithmetic, WorkerPool& workers, Progress& progress) {
+  const std::size_t contributions = contributions_of(plan);
+  const std::size_t most_parts = static_cast<std::size_t>(workers.threads()) * parts_per_thread;
+  const std::size_t parts = std::clamp<std::size_t>(contributions / smallest_part, 1, most_parts);
+  const std::vector<std::int64_t> bounds = part_bounds(plan, parts);
+  std::vector<std::vector<Block>> blocks(bounds.size() - 1);
+  workers.run(
+      blocks.size(),
+      [&](std::size_t part) {
+        TileRun<Arithmetic>(plan, arithmetic, bounds[part], bounds[part + 1], blocks[part]).run();
+      },
+      [&] { progress.breathe(); });
+  RowBuilder row(plan.n, plan.frame);
+  for (std::vector<Block>& part : blocks) {
+    for (Block& block : part) row.append(std::move(block));
+  }
+  return row.finish();
+}
+
+}  // namespace
+
+Row planned_row(const StepPlan& plan, WorkerPool& workers, Progress& progress) {
+  if (plan.terms.empty()) return Row(plan.n, plan.frame);
+  return std::visit([&](const auto& arithmetic) { return make_row(plan, arithmetic, workers, progress); },
+                    choose_arithmetic(plan));
+}
+
+}  // namespace kov
