@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -22,11 +23,27 @@ class SumWriter {
       : arithmetic_(arithmetic), blocks_(blocks) {}
 
   /// Appends the sum unless it is an absent point.
-  KOV_INLINE void append(std::int64_t key, const Sum& sum) {
+  void append(std::int64_t key, const Sum& sum) {
+    if (is_absent(sum)) return;
     keys_[count_] = static_cast<std::uint64_t>(key);
-    sums_[count_] = sum;
-    count_ += static_cast<std::size_t>(!is_absent(sum));
+    sums_[count_++] = sum;
     if (count_ == block_capacity) flush();
+  }
+
+  /// Appends the sums of the cells at the ascending indices, none of them absent; cell i has the key first + i.
+  void append(std::int64_t first, const Sum* cells, std::span<const std::uint32_t> indices) {
+    while (!indices.empty()) {
+      const std::size_t some = std::min(indices.size(), block_capacity - count_);
+      run_loop([&, keys = keys_.data() + count_, sums = sums_.data() + count_]() KOV_INLINE {
+        for (std::size_t i = 0; i < some; ++i) {
+          keys[i] = static_cast<std::uint64_t>(first) + indices[i];
+          sums[i] = cells[indices[i]];
+        }
+      });
+      count_ += some;
+      indices = indices.subspan(some);
+      if (count_ == block_capacity) flush();
+    }
   }
 
   /// Makes a block of what is left.

@@ -6,6 +6,7 @@
 #include <memory>
 #include <vector>
 
+#include "algadd/find_present.h"
 #include "algadd/key_sort.h"
 #include "algadd/step_plan.h"
 #include "algadd/sum_writer.h"
@@ -47,13 +48,14 @@ class TileRun {
  private:
   /// The cells of a scattered tile, some 64 KB of sums.
   static constexpr std::int64_t cells_of_tile = std::max<std::int64_t>(1024, 65536 / sizeof(Sum));
-  /// A tile is scattered when a term has so many points in it.
-  static constexpr std::size_t points_for_cells = static_cast<std::size_t>(cells_of_tile) / 64;
+  /// A tile is scattered when its terms move so many points into it; to look through its cells costs less than
+  /// to sort them.
+  static constexpr std::size_t contributions_for_cells = static_cast<std::size_t>(cells_of_tile) / 64;
   static constexpr std::size_t contributions_to_sort = 8192;
 
   void tile(std::int64_t key) {
     const std::int64_t cells_end = std::min(end_, key + cells_of_tile);
-    if (cells_end == end_ || places_.key_behind(points_for_cells) <= cells_end) {
+    if (cells_end == end_ || places_.key_behind(contributions_for_cells / factors_.size() + 1) <= cells_end) {
       places_.pass(cells_end, pieces_);
       scatter(key, cells_end);
     } else {
@@ -87,15 +89,17 @@ class TileRun {
 
   void scatter(std::int64_t begin, std::int64_t end) {
     const auto cell_count = static_cast<std::size_t>(end - begin);
-    if (cells_.size() < cell_count) cells_.resize(cell_count);
+    if (cells_.size() < cell_count) {
+      cells_.resize(cell_count);
+      found_.resize(cell_count + 16);
+    }
     Sum* const cells = cells_.data();
     for_each_product([=](std::int64_t key, const Sum& product) KOV_INLINE {
       Arithmetic::add(cells[key - begin], product);
     });
-    for (std::size_t i = 0; i < cell_count; ++i) {
-      writer_->append(begin + static_cast<std::int64_t>(i), cells[i]);
-      cells[i] = Sum{};
-    }
+    const std::size_t present = find_present(cells, cell_count, found_.data());
+    writer_->append(begin, cells, std::span<const std::uint32_t>(found_.data(), present));
+    std::fill_n(cells, cell_count, Sum{});
   }
 
   void sort_and_add() {
@@ -122,6 +126,7 @@ class TileRun {
   std::unique_ptr<SumWriter<Arithmetic>> writer_;
   /// All absent between two tiles.
   std::vector<Sum> cells_;
+  std::vector<std::uint32_t> found_;
   std::vector<Keyed<Sum>> products_;
   std::vector<Keyed<Sum>> sorted_;
 };

@@ -2,11 +2,13 @@
 
 namespace kov {
 
-/// Forces a loop body into the function that is compiled for a wider vector unit.
+/// Forces a function into the one that is compiled for a wider vector unit.
 #define KOV_INLINE __attribute__((always_inline))
 
-/// The vector units that loops are compiled for, besides the one that every 64-bit processor has.
+/// The vector units that loops are compiled for.
 enum class VectorUnit { baseline, avx2, avx512 };
+
+#if defined(__x86_64__)
 
 /// The widest one of this processor; found out once.
 inline VectorUnit vector_unit() {
@@ -26,10 +28,23 @@ __attribute__((target("avx2"))) void run_loop_avx2(const Loop& loop) {
 }
 
 template <class Loop>
-__attribute__((target("avx512f,avx512vl,avx512dq,avx512bw"))) void run_loop_avx512(
-    const Loop& loop) {
+__attribute__((target("avx512f,avx512vl,avx512dq,avx512bw"))) void run_loop_avx512(const Loop& loop) {
   loop();
 }
+
+#else
+
+inline VectorUnit vector_unit() { return VectorUnit::baseline; }
+template <class Loop>
+void run_loop_avx2(const Loop& loop) {
+  loop();
+}
+template <class Loop>
+void run_loop_avx512(const Loop& loop) {
+  loop();
+}
+
+#endif
 
 /// Runs loop, a function object marked KOV_INLINE, with the widest vectors that the processor has. The loop is
 /// compiled once for each unit from the one source. The results are the same on all: the loops hold no sums
