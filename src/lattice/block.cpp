@@ -5,6 +5,8 @@
 #include <type_traits>
 #include <utility>
 
+#include "lattice/copied_variant.h"
+
 namespace kov {
 namespace {
 
@@ -46,6 +48,17 @@ Block::Block(std::uint64_t base, std::span<const std::uint32_t> offsets, Column 
 
 Block::Block(std::span<const Lk> keys, Column re, Column im)
     : keys_(std::vector<Lk>(keys.begin(), keys.end())), re_(std::move(re)), im_(std::move(im)) {}
+
+Block::Block(const Block& other)
+    : base_(other.base_), keys_(copied(other.keys_)), re_(other.re_), im_(other.im_) {}
+
+Block& Block::operator=(Block other) noexcept {
+  base_ = other.base_;
+  keys_ = std::move(other.keys_);
+  re_ = std::move(other.re_);
+  im_ = std::move(other.im_);
+  return *this;
+}
 
 std::size_t Block::bytes() const noexcept {
   const std::size_t key = std::visit([](const auto& keys) { return sizeof(keys[0]); }, keys_);

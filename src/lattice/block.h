@@ -26,6 +26,10 @@ class Block {
   Block(std::uint64_t base, std::span<const std::uint32_t> offsets, Column re, Column im);
   /// Whole keys of a row without frame.
   Block(std::span<const Lk> keys, Column re, Column im);
+  Block(const Block& other);
+  Block(Block&&) noexcept = default;
+  Block& operator=(Block other) noexcept;
+  ~Block() = default;
 
   std::size_t size() const noexcept { return re_.size(); }
   bool full() const noexcept { return size() >= block_capacity; }

@@ -8,6 +8,7 @@
 #include <type_traits>
 #include <utility>
 
+#include "lattice/copied_variant.h"
 #include "numbers/checked_integer.h"
 
 namespace kov {
@@ -53,6 +54,22 @@ bool is_floating_zero(const ratyp& part) noexcept { return !part.exact() && part
 bool is_exact_zero(const ratyp& part) noexcept { return part.exact() && part.nu() == 0; }
 
 }  // namespace
+
+Column::Column(const Column& other)
+    : parts_(copied(other.parts_)),
+      size_(other.size_),
+      largest_(other.largest_),
+      denominator_(other.denominator_),
+      form_(other.form_) {}
+
+Column& Column::operator=(Column other) noexcept {
+  parts_ = std::move(other.parts_);
+  size_ = other.size_;
+  largest_ = other.largest_;
+  denominator_ = other.denominator_;
+  form_ = other.form_;
+  return *this;
+}
 
 Column Column::zero(std::size_t count) noexcept { return {PartForm::zero, count}; }
 

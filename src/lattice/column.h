@@ -22,6 +22,11 @@ class Column {
  public:
   /// No parts.
   Column() = default;
+  Column(const Column& other);
+  Column(Column&&) noexcept = default;
+  Column& operator=(Column other) noexcept;
+  ~Column() = default;
+
   static Column zero(std::size_t count) noexcept;
   static Column floating_zero(std::size_t count) noexcept;
   /// The values numerator / denominator, reduced when read. Over a denominator other than 1 the numerators
