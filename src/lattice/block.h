@@ -83,7 +83,7 @@ class Block {
   Block split(std::size_t i);
   /// Changes the step of whole keys.
   void move_to(std::int32_t n) noexcept;
-  /// Gives reserved memory back where that is possible.
+  /// Gives reserved memory back where there is much of it and that is possible.
   void shrink() noexcept;
 
  private:

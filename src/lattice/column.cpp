@@ -9,13 +9,11 @@
 #include <utility>
 
 #include "lattice/copied_variant.h"
+#include "lattice/spare_memory.h"
 #include "numbers/checked_integer.h"
 
 namespace kov {
 namespace {
-
-/// What a vector reserves beyond its size when it grows.
-constexpr std::size_t room_for(std::size_t size) noexcept { return 4 + size / 8; }
 
 constexpr bool in_exact_range(std::int64_t value) noexcept {
   return nu_min_int <= value && value <= nu_max_int;
@@ -244,9 +242,7 @@ void Column::make_fit(const ratyp& part) {
 }
 
 void Column::reserve_one() {
-  on_vector(parts_, [](auto& vector) {
-    if (vector.size() == vector.capacity()) vector.reserve(vector.size() + room_for(vector.size()));
-  });
+  on_vector(parts_, [](auto& vector) { kov::reserve_one(vector); });
 }
 
 void Column::insert(std::size_t i, const ratyp& part) noexcept {
@@ -280,7 +276,7 @@ void Column::keep(std::span<const std::uint32_t> indices) noexcept {
 }
 
 void Column::shrink() noexcept {
-  on_vector(parts_, [](auto& vector) { vector.shrink_to_fit(); });
+  on_vector(parts_, [](auto& vector) { give_back(vector); });
 }
 
 }  // namespace kov

@@ -77,7 +77,7 @@ class Column {
   void erase(std::size_t first, std::size_t count) noexcept;
   /// Keeps the parts at the ascending indices only.
   void keep(std::span<const std::uint32_t> indices) noexcept;
-  /// Gives reserved memory back where that is possible.
+  /// Gives reserved memory back where there is much of it and that is possible.
   void shrink() noexcept;
 
  private:
