@@ -5,15 +5,13 @@
 #include <type_traits>
 #include <utility>
 
+#include "lattice/copied_variant.h"
+#include "lattice/spare_memory.h"
+
 namespace kov {
 namespace {
 
 constexpr std::uint64_t largest_offset = std::numeric_limits<std::uint32_t>::max();
-
-template <class Key>
-void reserve_key(std::vector<Key>& keys) {
-  if (keys.size() == keys.capacity()) keys.reserve(keys.size() + 4 + keys.size() / 8);
-}
 
 template <class Key>
 void insert_key(std::vector<Key>& keys, std::size_t i, const Key& key) noexcept {
@@ -46,6 +44,17 @@ Block::Block(std::uint64_t base, std::span<const std::uint32_t> offsets, Column 
 
 Block::Block(std::span<const Lk> keys, Column re, Column im)
     : keys_(std::vector<Lk>(keys.begin(), keys.end())), re_(std::move(re)), im_(std::move(im)) {}
+
+Block::Block(const Block& other)
+    : base_(other.base_), keys_(copied(other.keys_)), re_(other.re_), im_(other.im_) {}
+
+Block& Block::operator=(Block other) noexcept {
+  base_ = other.base_;
+  keys_ = std::move(other.keys_);
+  re_ = std::move(other.re_);
+  im_ = std::move(other.im_);
+  return *this;
+}
 
 std::size_t Block::bytes() const noexcept {
   const std::size_t key = std::visit([](const auto& keys) { return sizeof(keys[0]); }, keys_);
@@ -100,7 +109,7 @@ void Block::make_room(std::uint64_t key) {
     const std::uint64_t highest = std::max(key, last_key());
     if (highest - lowest > largest_offset) make_far();
   }
-  std::visit([](auto& keys) { reserve_key(keys); }, keys_);
+  std::visit([](auto& keys) { reserve_one(keys); }, keys_);
 }
 
 void Block::make_far() {
@@ -128,7 +137,7 @@ void Block::insert(std::size_t i, std::uint64_t key, const cotyp& q) {
 void Block::insert(std::size_t i, const Lk& key, const cotyp& q) {
   make_room(q);
   if (auto* keys = std::get_if<std::vector<Lk>>(&keys_)) {
-    reserve_key(*keys);
+    reserve_one(*keys);
     insert_key(*keys, i, key);
   }
   insert_quantity(i, q);
@@ -184,7 +193,7 @@ void Block::move_to(std::int32_t n) noexcept {
 }
 
 void Block::shrink() noexcept {
-  std::visit([](auto& keys) { keys.shrink_to_fit(); }, keys_);
+  std::visit([](auto& keys) { give_back(keys); }, keys_);
   re_.shrink();
   im_.shrink();
 }

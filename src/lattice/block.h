@@ -26,6 +26,10 @@ class Block {
   Block(std::uint64_t base, std::span<const std::uint32_t> offsets, Column re, Column im);
   /// Whole keys of a row without frame.
   Block(std::span<const Lk> keys, Column re, Column im);
+  Block(const Block& other);
+  Block(Block&&) noexcept = default;
+  Block& operator=(Block other) noexcept;
+  ~Block() = default;
 
   std::size_t size() const noexcept { return re_.size(); }
   bool full() const noexcept { return size() >= block_capacity; }
@@ -79,7 +83,7 @@ class Block {
   Block split(std::size_t i);
   /// Changes the step of whole keys.
   void move_to(std::int32_t n) noexcept;
-  /// Gives reserved memory back where that is possible.
+  /// Gives reserved memory back where there is much of it and that is possible.
   void shrink() noexcept;
 
  private:

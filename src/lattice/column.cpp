@@ -8,13 +8,12 @@
 #include <type_traits>
 #include <utility>
 
+#include "lattice/copied_variant.h"
+#include "lattice/spare_memory.h"
 #include "numbers/checked_integer.h"
 
 namespace kov {
 namespace {
-
-/// What a vector reserves beyond its size when it grows.
-constexpr std::size_t room_for(std::size_t size) noexcept { return 4 + size / 8; }
 
 constexpr bool in_exact_range(std::int64_t value) noexcept {
   return nu_min_int <= value && value <= nu_max_int;
@@ -53,6 +52,22 @@ bool is_floating_zero(const ratyp& part) noexcept { return !part.exact() && part
 bool is_exact_zero(const ratyp& part) noexcept { return part.exact() && part.nu() == 0; }
 
 }  // namespace
+
+Column::Column(const Column& other)
+    : parts_(copied(other.parts_)),
+      size_(other.size_),
+      largest_(other.largest_),
+      denominator_(other.denominator_),
+      form_(other.form_) {}
+
+Column& Column::operator=(Column other) noexcept {
+  parts_ = std::move(other.parts_);
+  size_ = other.size_;
+  largest_ = other.largest_;
+  denominator_ = other.denominator_;
+  form_ = other.form_;
+  return *this;
+}
 
 Column Column::zero(std::size_t count) noexcept { return {PartForm::zero, count}; }
 
@@ -227,9 +242,7 @@ void Column::make_fit(const ratyp& part) {
 }
 
 void Column::reserve_one() {
-  on_vector(parts_, [](auto& vector) {
-    if (vector.size() == vector.capacity()) vector.reserve(vector.size() + room_for(vector.size()));
-  });
+  on_vector(parts_, [](auto& vector) { kov::reserve_one(vector); });
 }
 
 void Column::insert(std::size_t i, const ratyp& part) noexcept {
@@ -263,7 +276,7 @@ void Column::keep(std::span<const std::uint32_t> indices) noexcept {
 }
 
 void Column::shrink() noexcept {
-  on_vector(parts_, [](auto& vector) { vector.shrink_to_fit(); });
+  on_vector(parts_, [](auto& vector) { give_back(vector); });
 }
 
 }  // namespace kov

@@ -22,6 +22,11 @@ class Column {
  public:
   /// No parts.
   Column() = default;
+  Column(const Column& other);
+  Column(Column&&) noexcept = default;
+  Column& operator=(Column other) noexcept;
+  ~Column() = default;
+
   static Column zero(std::size_t count) noexcept;
   static Column floating_zero(std::size_t count) noexcept;
   /// The values numerator / denominator, reduced when read. Over a denominator other than 1 the numerators
@@ -72,7 +77,7 @@ class Column {
   void erase(std::size_t first, std::size_t count) noexcept;
   /// Keeps the parts at the ascending indices only.
   void keep(std::span<const std::uint32_t> indices) noexcept;
-  /// Gives reserved memory back where that is possible.
+  /// Gives reserved memory back where there is much of it and that is possible.
   void shrink() noexcept;
 
  private:

@@ -45,7 +45,7 @@ bool is_tight(const KeyBox& box, std::size_t position, int bits) noexcept {
 std::optional<KeyFrame> KeyFrame::for_box(const KeyBox& box) {
   const KeyBits bits = smallest_bits(box);
   if (sum_of(bits) > most_bits) return std::nullopt;
-  return KeyFrame(box, bits);
+  return KeyFrame(box, bits, Room::above);
 }
 
 // A bit more for a position spreads the keys in all positions above it: the first one may have it for
@@ -64,18 +64,18 @@ std::optional<KeyFrame> KeyFrame::with_room(const KeyBox& box) {
     }
     first = false;
   }
-  return KeyFrame(box, bits);
+  return KeyFrame(box, bits, Room::around);
 }
 
-KeyFrame::KeyFrame(const KeyBox& box, const Bits& bits) noexcept : bits_(bits) {
+KeyFrame::KeyFrame(const KeyBox& box, const Bits& bits, Room room) noexcept : bits_(bits) {
   int shift = sum_of(bits);
   total_bits_ = static_cast<std::uint8_t>(shift);
   for (std::size_t i = 1; i < bits_.size(); ++i) {
     const std::int64_t highest_distance = (std::int64_t{1} << bits_[i]) - 1;
     const auto span = static_cast<std::int64_t>(span_of(box, i));
-    const std::int64_t centred = box.min.coo[i] - (highest_distance - span) / 2;
+    const std::int64_t below = room == Room::around ? (highest_distance - span) / 2 : 0;
     low_.coo[i] = static_cast<std::int32_t>(
-        std::clamp(centred, std::int64_t{lowest_int}, highest_int - highest_distance));
+        std::clamp(box.min.coo[i] - below, std::int64_t{lowest_int}, highest_int - highest_distance));
     if (bits_[i] == 0) continue;
     shift -= bits_[i];
     shift_[i] = static_cast<std::uint8_t>(shift);

@@ -77,7 +77,9 @@ class KeyFrame {
  private:
   using Bits = std::array<std::uint8_t, MaxDimCount>;
 
-  KeyFrame(const KeyBox& box, const Bits& bits) noexcept;
+  /// What the bits hold beyond the box lies above it, or on both sides.
+  enum class Room { above, around };
+  KeyFrame(const KeyBox& box, const Bits& bits, Room room) noexcept;
 
   std::uint64_t distance(const Lk& key, std::size_t position) const noexcept {
     return static_cast<std::uint32_t>(wrapping_subtract(key.coo[position], low_.coo[position]));

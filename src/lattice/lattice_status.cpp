@@ -1,6 +1,5 @@
 #include "lattice/lattice_status.h"
 
-#include <algorithm>
 #include <cstddef>
 
 #include "text/grouping.h"
@@ -13,16 +12,25 @@ std::string status_line(const Lmap& lmap) {
          " KB = " + int_text(static_cast<std::int64_t>(lmap.count())) + "e)";
 }
 
-BoundingBox bounding_box(const Lmap& lmap) noexcept {
-  BoundingBox box;
-  for (auto point = lmap.begin(); point != lmap.end(); ++point) {
-    for (std::size_t i = 0; i < box.min.coo.size(); ++i) {
-      const std::int32_t value = point.key().coo[i];
-      box.min.coo[i] = std::min(box.min.coo[i], value);
-      box.max.coo[i] = std::max(box.max.coo[i], value);
-    }
-  }
+namespace {
+
+/// That of the points, where erased ones have left the row's own box too large.
+KeyBox box_of_points(const Row& row) noexcept {
+  const Lk first = row.key(row.begin());
+  KeyBox box{first, first};
+  for (RowPlace place = row.begin(); place != row.end(); place = row.next(place)) box.include(row.key(place));
   return box;
+}
+
+}  // namespace
+
+BoundingBox bounding_box(const Lmap& lmap) noexcept {
+  BoundingBox result;
+  KeyBox box{result.min, result.max};
+  for (const Row& row : lmap.rows()) box.include(row.box_is_exact() ? row.box() : box_of_points(row));
+  result.min = box.min;
+  result.max = box.max;
+  return result;
 }
 
 }  // namespace kov

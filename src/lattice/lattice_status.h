@@ -27,7 +27,7 @@ struct BoundingBox {
   std::array<std::int32_t, MaxDimCount> counters{};
 };
 
-/// One pass over the store.
+/// One pass over the rows; over the points of those from which points were erased.
 BoundingBox bounding_box(const Lmap& lmap) noexcept;
 
 }  // namespace kov

@@ -31,18 +31,6 @@ Lk low_template(std::int32_t n) {
 constexpr int number_width = 72;
 constexpr int quantity_width = 132;
 
-/// The number of points before place, walked from whichever end of the store is nearer.
-std::int64_t points_before(const Lmap& lmap, Lmap::Cursor place) {
-  const Lmap::Cursor first = lmap.begin();
-  const Lmap::Cursor end = lmap.end();
-  Lmap::Cursor back = place;
-  std::int64_t walked = 0;
-  for (; back != first; ++walked, --back, ++place) {
-    if (place == end) return static_cast<std::int64_t>(lmap.count()) - walked;
-  }
-  return walked;
-}
-
 }  // namespace
 
 SllistGrid::SllistGrid(const Lmap& lmap, Questions& questions) : lmap_(lmap), questions_(questions) {
@@ -115,7 +103,7 @@ void SllistGrid::list_from(const Lk& start_key) {
 
 void SllistGrid::build(Recount recount) {
   Lmap::Cursor start = lmap_.lower_bound(start_key_);
-  if (recount == Recount::yes) running_number_ = 1 + points_before(lmap_, start);
+  if (recount == Recount::yes) running_number_ = 1 + static_cast<std::int64_t>(lmap_.count_before(start));
   fill_page(start);
   take_points(start);
   changed();

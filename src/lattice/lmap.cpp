@@ -1,123 +1,225 @@
 #include "lattice/lmap.h"
 
+#include <algorithm>
 #include <iterator>
 #include <utility>
 
+#include "lattice/merged_row.h"
 #include "text/integers.h"
 
 namespace kov {
-namespace {
 
-Lk row_bound(std::int32_t n, std::int32_t other_positions) noexcept {
-  Lk key = Lk::filled(other_positions);
-  key.coo[0] = n;
-  return key;
+void Lmap::swap(Lmap& other) noexcept {
+  rows_.swap(other.rows_);
+  std::swap(count_, other.count_);
 }
 
-}  // namespace
-
-Lmap::Storage::iterator Lmap::place_of(const Lk& key) noexcept {
-  const bool behind_all = !points_.empty() && Lk1LessLk2(points_.rbegin()->first, key);
-  return behind_all ? points_.end() : points_.lower_bound(key);
+void Lmap::clear() noexcept {
+  rows_.clear();
+  count_ = 0;
 }
 
-bool Lmap::is_at(Storage::const_iterator place, const Lk& key) const noexcept {
-  return place != points_.end() && place->first == key;
+const Row* Lmap::row(std::int32_t n) const noexcept {
+  if (rows_.empty()) return nullptr;
+  const auto last = std::prev(rows_.end());  // which is asked for most
+  const auto at = last->first == n ? last : rows_.find(n);
+  return at == rows_.end() ? nullptr : &at->second;
 }
+
+Row* Lmap::find_row(std::int32_t n) noexcept { return const_cast<Row*>(row(n)); }
 
 cotyp Lmap::get(const Lk& key) const noexcept {
-  const auto place = points_.find(key);
-  return place == points_.end() ? cotyp{} : place->second;
+  const Row* of_step = row(key.n());
+  const auto place = of_step ? of_step->find(key) : std::nullopt;
+  return place ? of_step->quantity(*place) : cotyp{};
+}
+
+bool Lmap::contains(const Lk& key) const noexcept {
+  const Row* of_step = row(key.n());
+  return of_step && of_step->find(key);
+}
+
+void Lmap::insert(Row* row, const Lk& key, const cotyp& q) {
+  if (row) {
+    row->insert(key, q);
+  } else {
+    Row alone(key.n(), KeyFrame::for_box({key, key}));
+    alone.insert(key, q);
+    rows_.emplace(key.n(), std::move(alone));
+  }
+  ++count_;
 }
 
 void Lmap::set(const Lk& key, const cotyp& q) {
-  const auto place = place_of(key);
-  if (!is_at(place, key)) {
-    if (!is_zero(q)) points_.emplace_hint(place, key, q);
-  } else if (is_zero(q)) {
-    points_.erase(place);
+  if (is_zero(q)) {
+    erase(key);
+  } else if (Row* row = find_row(key.n())) {
+    count_ += row->set(key, q) ? 1 : 0;
   } else {
-    place->second = q;
+    insert(nullptr, key, q);
   }
 }
 
 cotyp Lmap::add(const Lk& key, const cotyp& q) {
-  const auto place = place_of(key);
-  if (!is_at(place, key)) {
-    if (!is_zero(q)) points_.emplace_hint(place, key, q);
+  Row* row = find_row(key.n());
+  const auto place = row ? row->find(key) : std::nullopt;
+  if (!place) {
+    if (!is_zero(q)) insert(row, key, q);
     return q;
   }
-  const cotyp sum = place->second += q;
-  if (is_zero(sum)) points_.erase(place);
+  const cotyp sum = row->quantity(*place) + q;
+  if (is_zero(sum)) {
+    erase(key);
+  } else {
+    row->set(*place, sum);
+  }
   return sum;
 }
 
 bool Lmap::insert_new(const Lk& key, const cotyp& q) {
-  const auto place = place_of(key);
-  if (is_zero(q) || is_at(place, key)) return false;
-  points_.emplace_hint(place, key, q);
+  Row* row = find_row(key.n());
+  if (is_zero(q) || (row && row->find(key))) return false;
+  insert(row, key, q);
   return true;
 }
 
-Lmap::Cursor Lmap::row_begin(std::int32_t n) const noexcept { return lower_bound(row_bound(n, lowest_int)); }
+bool Lmap::erase(const Lk& key) noexcept {
+  const auto row = rows_.find(key.n());
+  if (row == rows_.end()) return false;
+  const auto place = row->second.find(key);
+  if (!place) return false;
+  row->second.erase(*place);
+  --count_;
+  drop_empty(row);
+  return true;
+}
 
-Lmap::Cursor Lmap::row_end(std::int32_t n) const noexcept { return upper_bound(row_bound(n, highest_int)); }
+Lmap::Cursor Lmap::lower_bound(const Lk& key) const noexcept {
+  const auto row = rows_.lower_bound(key.n());
+  if (row == rows_.end() || row->first != key.n()) return Cursor(row);
+  const RowPlace place = row->second.lower_bound(key);
+  return place == row->second.end() ? Cursor(std::next(row)) : Cursor(row, place);
+}
 
-std::size_t Lmap::erase_rows(std::int32_t a, std::int32_t b) noexcept {
-  if (a > b) return 0;
-  const std::size_t before = count();
-  points_.erase(row_begin(a).place_, row_end(b).place_);
-  return before - count();
+Lmap::Cursor Lmap::upper_bound(const Lk& key) const noexcept {
+  Cursor cursor = lower_bound(key);
+  if (cursor != end() && cursor.key() == key) ++cursor;
+  return cursor;
+}
+
+std::size_t Lmap::count_before(Cursor at) const noexcept {
+  std::size_t count = 0;
+  for (auto row = rows_.begin(); row != at.row_; ++row) count += row->second.count();
+  return at.row_ == rows_.end() ? count : count + at.row().count_before(at.place_);
+}
+
+Lmap::Storage::iterator Lmap::drop_empty(Storage::iterator row) noexcept {
+  return row->second.empty() ? rows_.erase(row) : std::next(row);
+}
+
+Lmap::Cursor Lmap::erase(Cursor at) noexcept {
+  const auto row = rows_.erase(at.row_, at.row_);  // erases nothing: an iterator that may change the row
+  const RowPlace next = row->second.erase(at.place_);
+  --count_;
+  if (next != row->second.end()) return Cursor(row, next);
+  return Cursor(drop_empty(row));
+}
+
+Lmap::Rows Lmap::rows(std::int32_t a, std::int32_t b) const noexcept {
+  const auto first = rows_.lower_bound(a);
+  return {RowCursor(first), RowCursor(a <= b ? rows_.upper_bound(b) : first)};
+}
+
+void Lmap::insert_row(Row&& row) {
+  if (row.empty()) return;
+  const std::size_t count = row.count();
+  const std::int32_t n = row.n();
+  rows_.emplace_hint(rows_.end(), n, std::move(row));
+  count_ += count;
 }
 
 std::size_t Lmap::count_in_rows(std::int32_t a, std::int32_t b) const noexcept {
+  std::size_t count = 0;
+  for (const Row& row : rows(a, b)) count += row.count();
+  return count;
+}
+
+std::size_t Lmap::erase_rows(std::int32_t a, std::int32_t b) noexcept {
   if (a > b) return 0;
-  return static_cast<std::size_t>(std::distance(row_begin(a).place_, row_end(b).place_));
+  const std::size_t erased = count_in_rows(a, b);
+  rows_.erase(rows_.lower_bound(a), rows_.upper_bound(b));
+  count_ -= erased;
+  return erased;
 }
 
 Lmap Lmap::copy_rows(std::int32_t a, std::int32_t b) const {
-  Lmap rows;
-  if (a <= b) rows.points_.insert(row_begin(a).place_, row_end(b).place_);
-  return rows;
+  Lmap copy;
+  const Rows chosen = rows(a, b);
+  copy.rows_.insert(chosen.first.row_, chosen.last.row_);
+  copy.count_ = count_in_rows(a, b);
+  return copy;
 }
 
+// Rows move with the memory that they have.
 Lmap Lmap::extract_rows(std::int32_t a, std::int32_t b) noexcept {
-  Lmap rows;
-  if (a <= b) rows.splice(*this, row_begin(a).place_, row_end(b).place_);
-  return rows;
-}
-
-void Lmap::merge_new(Lmap& other) noexcept {
-  if (empty()) {
-    swap(other);
-    return;
+  Lmap taken;
+  if (a > b) return taken;
+  taken.count_ = count_in_rows(a, b);
+  count_ -= taken.count_;
+  const auto end = rows_.upper_bound(b);
+  for (auto row = rows_.lower_bound(a); row != end;) {
+    taken.rows_.insert(taken.rows_.end(), rows_.extract(row++));
   }
-  splice(other, other.points_.begin(), other.points_.end());
+  return taken;
 }
 
-// Moved nodes keep their memory, and each goes in right behind the one before it wherever the gap there
-// takes it: appending a row costs constant time a point.
-void Lmap::splice(Lmap& other, Storage::const_iterator first, Storage::const_iterator last) noexcept {
-  Storage::const_iterator hint = points_.end();
-  while (first != last) {
-    const auto next = std::next(first);
-    hint = std::next(points_.insert(hint, other.points_.extract(first)));
-    first = next;
+void Lmap::merge_new(Lmap& other) {
+  std::vector<Row> merged;
+  for (const Row& theirs : other.rows()) {
+    if (const Row* ours = row(theirs.n())) merged.push_back(merged_row(*ours, theirs));
   }
+  for (Row& row : merged) {
+    Row& ours = *find_row(row.n());
+    count_ += row.count() - ours.count();
+    other.count_ -= other.row(row.n())->count();
+    ours = std::move(row);
+  }
+  count_ += other.count_;
+  rows_.merge(other.rows_);
+  other.clear();
 }
 
-// Keys stay distinct when all move by the same distance modulo 2^32, so every node finds its place. What
-// wraps is one run at one end of the rows; the hint fails only where that run begins.
+// Steps stay distinct when all move by the same distance modulo 2^32.
 void Lmap::shift_steps(std::int32_t delta) noexcept {
   if (delta == 0) return;
   Storage moved;
-  Storage::const_iterator hint = moved.end();
-  while (!points_.empty()) {
-    auto node = points_.extract(points_.begin());
-    node.key().coo[0] = wrapping_add(node.key().n(), delta);
-    hint = std::next(moved.insert(hint, std::move(node)));
+  while (!rows_.empty()) {
+    auto node = rows_.extract(rows_.begin());
+    node.key() = wrapping_add(node.key(), delta);
+    node.mapped().move_to(node.key());
+    moved.insert(moved.end(), std::move(node));
   }
-  points_.swap(moved);
+  rows_.swap(moved);
+}
+
+void Lmap::take(std::vector<Columns>&& columns) noexcept {
+  auto next = columns.begin();
+  for (auto& [n, row] : rows_) {
+    for (std::size_t block = 0; block < row.block_count(); ++block, ++next) {
+      row.set_columns(block, std::move(next->re), std::move(next->im));
+    }
+  }
+  next = columns.begin();
+  if (std::none_of(columns.begin(), columns.end(), [](const Columns& block) { return block.zeros; })) return;
+  keep_chosen(lowest_int, highest_int, [&next](const Row& row, std::size_t block, BlockIndices& kept) {
+    const std::size_t size = row.block(block).size();
+    const bool zeros = next++->zeros;
+    std::size_t count = 0;
+    for (std::size_t i = 0; i < size; ++i) {
+      if (!zeros || !is_zero(row.quantity({block, i}))) kept[count++] = static_cast<std::uint32_t>(i);
+    }
+    return count;
+  });
 }
 
 }  // namespace kov

@@ -24,18 +24,51 @@ Lk Row::key(RowPlace place) const noexcept {
   return frame_ ? frame_->unpack(block.key(place.index), n_) : block.wide_key(place.index);
 }
 
+namespace {
+
+bool less(std::uint64_t a, std::uint64_t b) noexcept { return a < b; }
+bool less(const Lk& a, const Lk& b) noexcept { return Lk1LessLk2(a, b); }
+
+void read_key(const Block& block, std::size_t i, std::uint64_t& key) noexcept { key = block.key(i); }
+void read_key(const Block& block, std::size_t i, Lk& key) noexcept { key = block.wide_key(i); }
+
+/// For who fills a row in key order, the last block is asked first.
+template <class Key>
+bool all_less(const Block& block, const Key& key) noexcept {
+  Key last;
+  read_key(block, block.size() - 1, last);
+  return less(last, key);
+}
+
+}  // namespace
+
 template <class Key>
 RowPlace Row::first_not_less(const Key& key) const noexcept {
-  const auto all_less = [&key](const Block& block) {
-    if constexpr (std::is_same_v<Key, Lk>) {
-      return Lk1LessLk2(block.wide_key(block.size() - 1), key);
-    } else {
-      return block.last_key() < key;
-    }
-  };
-  const auto block = std::partition_point(blocks_.begin(), blocks_.end(), all_less);
-  if (block == blocks_.end()) return end();
+  if (blocks_.empty() || all_less(blocks_.back(), key)) return end();
+  const auto block = std::partition_point(blocks_.begin(), blocks_.end(),
+                                          [&key](const Block& at) { return all_less(at, key); });
   return {static_cast<std::size_t>(block - blocks_.begin()), block->lower_bound(key)};
+}
+
+template <class Key>
+bool Row::holds(RowPlace place, const Key& key) const noexcept {
+  if (place == end()) return false;
+  Key stored;
+  read_key(blocks_[place.block], place.index, stored);
+  return stored == key;
+}
+
+template <class Function>
+auto Row::as_stored(const Lk& key, const Function& f) const {
+  return frame_ ? f(frame_->pack(key)) : f(key);
+}
+
+std::optional<RowPlace> Row::find(const Lk& key) const noexcept {
+  if (frame_ && !frame_->covers(key)) return std::nullopt;
+  return as_stored(key, [this](const auto& stored) -> std::optional<RowPlace> {
+    const RowPlace place = first_not_less(stored);
+    return holds(place, stored) ? std::optional(place) : std::nullopt;
+  });
 }
 
 RowPlace Row::lower_bound(const Lk& key) const noexcept {
@@ -63,13 +96,13 @@ void Row::move_to(std::int32_t n) noexcept {
   box_.max.coo[0] = n;
 }
 
-void Row::set(const Lk& key, const cotyp& q) {
-  const RowPlace place = lower_bound(key);
-  if (is_at(place, key)) {
-    set(place, q);
-  } else {
-    insert(key, q);
+bool Row::set(const Lk& key, const cotyp& q) {
+  if (const auto place = find(key)) {
+    set(*place, q);
+    return false;
   }
+  insert(key, q);
+  return true;
 }
 
 void Row::insert(const Lk& key, const cotyp& q) {
@@ -79,19 +112,14 @@ void Row::insert(const Lk& key, const cotyp& q) {
     *this = std::move(row);
     return;
   }
-  if (frame_) {
-    insert_packed(frame_->pack(key), q);
-  } else {
-    insert_packed(key, q);
-  }
+  as_stored(key, [&](const auto& stored) { insert_at(first_not_less(stored), stored, q); });
   box_ = count_ == 0 ? KeyBox{key, key} : box_;
   box_.include(key);
   ++count_;
 }
 
 template <class Key>
-void Row::insert_packed(const Key& key, const cotyp& q) {
-  RowPlace place = first_not_less(key);
+void Row::insert_at(RowPlace place, const Key& key, const cotyp& q) {
   const bool behind_all = place == end();
   if (behind_all && (blocks_.empty() || blocks_.back().full())) {
     blocks_.emplace_back(std::span(&key, 1), Column::of({&q.re, 1}), Column::of({&q.im, 1}));
@@ -100,7 +128,7 @@ void Row::insert_packed(const Key& key, const cotyp& q) {
   if (behind_all) place = {blocks_.size() - 1, blocks_.back().size()};
   if (blocks_[place.block].full()) {
     constexpr std::size_t half = block_capacity / 2;
-    blocks_.reserve(blocks_.size() + 1);
+    if (blocks_.size() == blocks_.capacity()) blocks_.reserve(2 * blocks_.size());
     Block upper = blocks_[place.block].split(half);
     blocks_.insert(blocks_.begin() + static_cast<std::ptrdiff_t>(place.block) + 1, std::move(upper));
     if (place.index > half) place = {place.block + 1, place.index - half};
@@ -118,6 +146,20 @@ RowPlace Row::erase(RowPlace place) noexcept {
   }
   block.erase(place.index);
   return place.index < block.size() ? place : RowPlace{place.block + 1, 0};
+}
+
+bool Row::keep(std::size_t block, std::span<const std::uint32_t> indices) noexcept {
+  Block& thinned = blocks_[block];
+  if (indices.size() == thinned.size()) return false;
+  count_ -= thinned.size() - indices.size();
+  box_is_exact_ = false;
+  if (indices.empty()) {
+    blocks_.erase(blocks_.begin() + static_cast<std::ptrdiff_t>(block));
+    return true;
+  }
+  thinned.keep(indices);
+  thinned.shrink();
+  return false;
 }
 
 void Row::append(Block&& block, const KeyBox& box) {

@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <span>
+#include <utility>
 #include <vector>
 
 #include "lattice/block.h"
@@ -47,9 +49,8 @@ class Row {
   RowPlace previous(RowPlace place) const noexcept;
   Lk key(RowPlace place) const noexcept;
   cotyp quantity(RowPlace place) const noexcept { return blocks_[place.block].quantity(place.index); }
-  bool is_at(RowPlace place, const Lk& key) const noexcept {
-    return place != end() && this->key(place) == key;
-  }
+  /// Where the key, of this step, is; nothing when it is not here.
+  std::optional<RowPlace> find(const Lk& key) const noexcept;
   /// The first point whose key is not less. Steps do not matter here.
   RowPlace lower_bound(const Lk& key) const noexcept;
   /// The number of points before the place.
@@ -60,26 +61,38 @@ class Row {
 
   // What throws, throws std::bad_alloc and leaves the row as it was.
 
-  /// Stores q, which is not zero, at a key of this step.
-  void set(const Lk& key, const cotyp& q);
+  /// Stores q, which is not zero, at a key of this step; true when no point was there.
+  bool set(const Lk& key, const cotyp& q);
   /// The point at the place gets the quantity, which is not zero.
   void set(RowPlace place, const cotyp& q) { blocks_[place.block].set(place.index, q); }
   /// A key of this step that is not here, and a quantity that is not zero.
   void insert(const Lk& key, const cotyp& q);
   /// Gives the place of the next point.
   RowPlace erase(RowPlace place) noexcept;
+  /// Of a block keeps the points at the ascending indices only; true when none is left, and the block gone.
+  bool keep(std::size_t block, std::span<const std::uint32_t> indices) noexcept;
+  /// A block gets other quantities, none of which is zero after keep().
+  void set_columns(std::size_t block, Column re, Column im) noexcept {
+    blocks_[block].set_columns(std::move(re), std::move(im));
+  }
 
  private:
   friend class RowBuilder;
 
-  /// Puts the block behind the last one; box holds its points, and is theirs alone when exact.
+  /// Puts the block behind the last one; box is that of its points.
   void append(Block&& block, const KeyBox& box);
   /// The same points by a frame, or without one, that takes the key as well.
   Row reframed(const Lk& key) const;
-  template <class Key>
-  void insert_packed(const Key& key, const cotyp& q);
+  /// By the form that keys have in the blocks: the place of the first one not less, and an insertion there.
   template <class Key>
   RowPlace first_not_less(const Key& key) const noexcept;
+  template <class Key>
+  bool holds(RowPlace place, const Key& key) const noexcept;
+  template <class Key>
+  void insert_at(RowPlace place, const Key& key, const cotyp& q);
+  /// f(the key as it is in the blocks) for a key that the frame covers.
+  template <class Function>
+  auto as_stored(const Lk& key, const Function& f) const;
 
   std::int32_t n_;
   bool box_is_exact_ = true;

@@ -10,7 +10,7 @@
 namespace kov {
 
 // Deleting, moving and choosing rows: a row is the set of points with one value of n, over all
-// lattices. Rows move by splicing, so that only CopyPart needs memory; when there is none it throws
+// lattices. Rows move as they are, so that only CopyPart needs memory; when there is none it throws
 // std::bad_alloc and leaves the store as it was. Steps that leave 32 bits wrap. A count of rows, as in
 // "the last a rows", includes rows without points: the last a rows are those with n > nlast - a.
 

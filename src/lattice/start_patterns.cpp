@@ -29,8 +29,8 @@ Lmap points_of_pattern(StartPattern pattern) {
 
 void fill_start_pattern(Lmap& lmap, StartPattern pattern) {
   Lmap start = points_of_pattern(pattern);
-  for (auto point = start.begin(); point != start.end(); ++point) lmap.erase(point.key());
-  lmap.merge_new(start);
+  start.merge_new(lmap);
+  lmap.swap(start);
 }
 
 }  // namespace kov

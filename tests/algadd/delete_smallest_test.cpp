@@ -173,17 +173,6 @@ Lmap row_of_scattered(int count) {
 }
 
 TEST(DeleteSmallest, NoAllocationGrowsWithTheRow) {
-  const auto number_of_allocations = [](int points) {
-    return fail_each_allocation(
-        row_of_scattered(points),
-        [](Lmap& lmap) {
-          ScriptedUser progress = silent_person();
-          delete_smallest_of_nlast(lmap, 50, progress);
-        },
-        [](const Lmap&) {});
-  };
-  EXPECT_EQ(number_of_allocations(9'999), number_of_allocations(10));
-
   Lmap lmap = row_of_scattered(30'000);
   ScriptedUser progress = silent_person();
   {

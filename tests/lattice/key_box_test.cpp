@@ -51,5 +51,13 @@ TEST(InsideAny, AsksEveryBox) {
   EXPECT_FALSE(inside_any(Lk::at(0, 1), {}));
 }
 
+TEST(KeyBox, GrowsToHoldAnotherBoxOrKey) {
+  KeyBox box{Lk::at(0, 5, -1), Lk::at(2, 5, 1)};
+  box.include({Lk::at(1, 4, -3), Lk::at(1, 4, 0)});
+  EXPECT_EQ(box, (KeyBox{Lk::at(0, 4, -3), Lk::at(2, 5, 1)}));
+  box.include(Lk::at(-1, 9));
+  EXPECT_EQ(box, (KeyBox{Lk::at(-1, 4, -3), Lk::at(2, 9, 1)}));
+}
+
 }  // namespace
 }  // namespace kov

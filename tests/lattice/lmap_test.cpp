@@ -244,39 +244,128 @@ TEST(Lmap, SwapsAndClears) {
 
 using Operation = void (*)(Lmap&);
 
-void expect_whole_without_memory(const char* name, const Operation& operation, std::int64_t allocations) {
+/// Gives the number of the allocations asked for.
+std::int64_t whole_without_memory(const char* name, const Operation& operation) {
   const Lmap before = with_rows({1, 2, 3});
   const auto unchanged = [&](const Lmap& lmap) { EXPECT_EQ(points_text(lmap), points_text(before)) << name; };
-  EXPECT_EQ(fail_each_allocation(before, operation, unchanged), allocations) << name;
+  return fail_each_allocation(before, operation, unchanged);
 }
+
+struct OperationCase {
+  const char* name;
+  Operation operation;
+};
+
+// clang-format off
+const OperationCase with_memory[] = {
+    {"set",            [](Lmap& lmap) { lmap.set(Lk::at(0, 0), 1); }},
+    {"set in a row",   [](Lmap& lmap) { lmap.set(Lk::at(1, 2), 1); }},
+    {"another form",   [](Lmap& lmap) { lmap.set(Lk::at(0, 2), cotyp::floating(1, 1)); }},
+    {"add",            [](Lmap& lmap) { lmap.add(Lk::at(0, 9), 1); }},
+    {"insert_new",     [](Lmap& lmap) { lmap.insert_new(Lk::at(0, 9), 1); }},
+    {"copy_rows",      [](Lmap& lmap) { lmap.erase_rows(1, lmap.copy_rows(1, 3).nlast()); }},
+    {"transform",      [](Lmap& lmap) { lmap.transform(to_float); }},
+};
+
+const OperationCase without_memory[] = {
+    {"overwrite",  [](Lmap& lmap) { lmap.set(Lk::at(0, 2), 7); }},
+    {"erase",      [](Lmap& lmap) { lmap.erase(Lk::at(0, 2)); }},
+    {"erase rows", [](Lmap& lmap) { lmap.erase_rows(1, 2); }},
+    {"erase some", [](Lmap& lmap) { lmap.erase_if(1, 3, [](const Lk& key, const cotyp&) { return key.n() == 2; }); }},
+    {"shift",      [](Lmap& lmap) { lmap.shift_steps(5); }},
+    {"extract and merge", [](Lmap& lmap) {
+      Lmap rows = lmap.extract_rows(2, 3);
+      lmap.merge_new(rows);
+    }},
+};
+// clang-format on
 
 TEST(Lmap, IsWholeWhenMemoryIsExhausted) {
-  expect_whole_without_memory(
-      "set", [](Lmap& lmap) { lmap.set(Lk::at(0, 0), 1); }, 1);
-  expect_whole_without_memory(
-      "add", [](Lmap& lmap) { lmap.add(Lk::at(0, 9), 1); }, 1);
-  expect_whole_without_memory(
-      "insert_new", [](Lmap& lmap) { lmap.insert_new(Lk::at(0, 9), 1); }, 1);
-  expect_whole_without_memory(
-      "copy_rows", [](Lmap& lmap) { lmap.erase_rows(1, lmap.copy_rows(1, 3).nlast()); }, 3);
+  for (const auto& [name, operation] : with_memory) {
+    EXPECT_GT(whole_without_memory(name, operation), 0) << name;
+  }
 }
 
-TEST(Lmap, NeedsNoMemoryButForNewPoints) {
-  expect_whole_without_memory(
-      "overwrite", [](Lmap& lmap) { lmap.set(Lk::at(0, 2), 7); }, 0);
-  expect_whole_without_memory(
-      "erase", [](Lmap& lmap) { lmap.erase_rows(1, 2); }, 0);
-  expect_whole_without_memory(
-      "shift", [](Lmap& lmap) { lmap.shift_steps(5); }, 0);
-  expect_whole_without_memory(
-      "transform", [](Lmap& lmap) { lmap.transform(to_float); }, 0);
-  expect_whole_without_memory(
-      "extract and merge",
-      [](Lmap& lmap) {
-        Lmap rows = lmap.extract_rows(2, 3);
-        lmap.merge_new(rows);
-      },
-      0);
+TEST(Lmap, ErasesAndMovesRowsWithoutMemory) {
+  for (const auto& [name, operation] : without_memory) {
+    EXPECT_EQ(whole_without_memory(name, operation), 0) << name;
+  }
+}
+
+TEST(Lmap, RowsThatMeetAreMergedBothOrNeither) {
+  struct Two {
+    Lmap lmap = with_rows({1, 2});
+    Lmap other;
+  };
+  Two before;
+  for (const std::int32_t n : {0, 2}) before.other.set(Lk::at(3, n), 7);
+  const auto unchanged = [](const Two& two) {
+    EXPECT_EQ(points_text(two.lmap), "0 1: 1\n0 2: 2\n");
+    EXPECT_EQ(points_text(two.other), "3 0: 7\n3 2: 7\n");
+  };
+  const auto merge = [](Two& two) { two.lmap.merge_new(two.other); };
+  EXPECT_GT(fail_each_allocation(before, merge, unchanged), 2);
+  merge(before);
+  EXPECT_EQ(points_text(before.lmap), "3 0: 7\n0 1: 1\n0 2: 2\n3 2: 7\n");
+  EXPECT_EQ(before.lmap.count(), 4U);
+  EXPECT_EQ(before.other.count(), 0U);
+}
+
+TEST(Lmap, TransformAsksEveryPointOnceInKeyOrder) {
+  Lmap lmap = with_rows({1, 2, 3});
+  std::string asked;
+  lmap.transform([&](const cotyp& q) {
+    asked += to_text(q) + " ";
+    return q;
+  });
+  EXPECT_EQ(asked, "1 2 3 ");
+}
+
+TEST(Lmap, GivesAndTakesRows) {
+  Lmap lmap = with_rows({1, 3});
+  EXPECT_EQ(lmap.row(2), nullptr);
+  ASSERT_NE(lmap.row(3), nullptr);
+  EXPECT_EQ(lmap.row(3)->count(), 1U);
+  Row row(2, KeyFrame::for_box({Lk::at(0, 2), Lk::at(0, 2)}));
+  lmap.insert_row(Row(row));
+  EXPECT_EQ(lmap.row(2), nullptr) << "without points there is no row";
+  row.insert(Lk::at(0, 2), 5);
+  lmap.insert_row(std::move(row));
+  EXPECT_EQ(points_text(lmap), "0 1: 1\n0 2: 5\n0 3: 3\n");
+  EXPECT_EQ(lmap.count(), 3U);
+  std::string steps;
+  for (const Row& each : lmap.rows(2, 7)) steps += int_text(each.n()) + " ";
+  EXPECT_EQ(steps, "2 3 ");
+  EXPECT_EQ(lmap.rows(3, 2).begin(), lmap.rows(3, 2).end());
+}
+
+TEST(Lmap, CountsThePointsBeforeACursor) {
+  Lmap lmap;
+  for (std::int32_t n = 0; n < 3; ++n) {
+    for (std::int32_t k = 0; k < 5000; ++k) lmap.set(Lk::at(0, n, k), 1);
+  }
+  std::size_t before = 0;
+  for (auto point = lmap.begin(); point != lmap.end(); ++point, ++before) {
+    if (before % 100 == 0) {
+      ASSERT_EQ(lmap.count_before(point), before);
+    }
+  }
+  EXPECT_EQ(lmap.count_before(lmap.end()), 15'000U);
+}
+
+TEST(Lmap, ErasesWhatIsChosenOfTheGivenRows) {
+  Lmap lmap;
+  for (std::int32_t n = 0; n < 4; ++n) {
+    for (std::int32_t k = 0; k < 6000; ++k) lmap.set(Lk::at(0, n, k), k + 1);
+  }
+  const auto odd = [](const Lk& key, const cotyp& q) { return key.n() == 2 || q.re.nu() % 2 == 1; };
+  EXPECT_EQ(lmap.erase_if(1, 2, odd), 9000U);
+  EXPECT_EQ(lmap.count(), 15'000U);
+  EXPECT_EQ(lmap.row(2), nullptr);
+  EXPECT_EQ(lmap.count_in_rows(1, 1), 3000U);
+  for (auto point = lmap.row_begin(1); point != lmap.row_end(1); ++point) {
+    ASSERT_EQ(point.key().coo[1] % 2, 1);
+  }
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <type_traits>
 
 #include "numbers/checked_integer.h"
@@ -364,6 +365,24 @@ TEST(Ratyp, FloatingForGood) {
   EXPECT_EQ(describe(q), "fl 1");
   q -= ratyp(1);
   EXPECT_EQ(describe(q), "fl 0");
+}
+
+TEST(Ratyp, AFloatingZeroHasNoSign) {
+  const ratyp tiny = ratyp::floating(-5e-324);
+  for (const ratyp& zero : {ratyp::floating(-0.0), tiny * ratyp::floating(0.25), tiny * ratyp(0),
+                            ratyp::floating(0.0) / ratyp(-1)}) {
+    EXPECT_FALSE(zero.exact());
+    EXPECT_EQ(zero.fl(), 0.0);
+    EXPECT_FALSE(std::signbit(zero.fl()));
+    EXPECT_EQ(to_text(zero), "0");
+  }
+}
+
+TEST(Ratyp, ReducedPartsAreTakenAsTheyStand) {
+  const ratyp q = ratyp::reduced(-3, 4);
+  EXPECT_TRUE(q.exact());
+  EXPECT_EQ(q.nu(), -3);
+  EXPECT_EQ(q.de(), 4);
 }
 
 }  // namespace

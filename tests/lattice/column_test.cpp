@@ -1,0 +1,206 @@
+#include "lattice/column.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "support/failing_allocation.h"
+
+namespace kov {
+namespace {
+
+const ratyp column_half(1, 2);
+const ratyp column_double = ratyp::floating(0.5);
+
+/// Equal in value and in kind: to the store 1/2 and 0.5 are two things.
+bool same_part(const ratyp& a, const ratyp& b) {
+  if (a.exact() != b.exact()) return false;
+  if (!a.exact()) return std::bit_cast<std::uint64_t>(a.fl()) == std::bit_cast<std::uint64_t>(b.fl());
+  return a.nu() == b.nu() && a.de() == b.de();
+}
+
+void expect_parts(const Column& column, const std::vector<ratyp>& parts, const std::string& what) {
+  ASSERT_EQ(column.size(), parts.size()) << what;
+  std::vector<ratyp> decoded(parts.size());
+  std::vector<double> values(parts.size());
+  column.decode(0, decoded);
+  column.decode(0, values);
+  for (std::size_t i = 0; i < parts.size(); ++i) {
+    EXPECT_TRUE(same_part(column.get(i), parts[i])) << what << ", part " << i;
+    EXPECT_TRUE(same_part(decoded[i], parts[i])) << what << ", decoded part " << i;
+    EXPECT_EQ(std::bit_cast<std::uint64_t>(values[i]), std::bit_cast<std::uint64_t>(to_double(parts[i])))
+        << what << ", value " << i;
+  }
+}
+
+struct FormCase {
+  std::vector<ratyp> parts;
+  PartForm form;
+  std::size_t bytes_a_part;
+};
+
+TEST(Column, OfTakesTheSmallestForm) {
+  const ratyp third(1, 3);
+  // Coprime denominators whose product leaves the exact range.
+  const ratyp rare(1, 2147483629);
+  const FormCase cases[] = {
+      // clang-format off
+      {{},                                           PartForm::zero,          0},
+      {{0, 0, 0},                                    PartForm::zero,          0},
+      {{ratyp::floating(0.0), ratyp::floating(-0.0)}, PartForm::floating_zero, 0},
+      {{0, 5, -7},                                   PartForm::integers,      4},
+      {{INT32_MAX, INT32_MIN},                       PartForm::integers,      4},
+      {{column_half, third, -4},                     PartForm::integers,      4},
+      {{column_half, INT32_MAX},                     PartForm::fractions,     8},
+      {{column_half, 1073741823},                    PartForm::integers,      4},
+      {{column_half, 1073741824},                    PartForm::fractions,     8},
+      {{third, rare},                                PartForm::fractions,     8},
+      {{ratyp(INT32_MIN, 3), 1},                     PartForm::fractions,     8},
+      {{column_double, ratyp::floating(0.0)},        PartForm::doubles,       8},
+      {{column_double, column_half},                 PartForm::mixed,         9},
+      {{ratyp::floating(0.0), 0},                    PartForm::mixed,         9},
+      // clang-format on
+  };
+  for (const FormCase& c : cases) {
+    const std::string what = "case " + std::to_string(&c - cases);
+    const Column column = Column::of(c.parts);
+    EXPECT_EQ(column.form(), c.form) << what;
+    EXPECT_EQ(column.bytes(), c.bytes_a_part * c.parts.size()) << what;
+    expect_parts(column, c.parts, what);
+  }
+}
+
+TEST(Column, IntegersShareADenominatorAndAreReducedWhenRead) {
+  const std::vector<std::int32_t> numerators{3, -4, 0, 6};
+  const Column column = Column::integers(numerators, 6);
+  EXPECT_EQ(column.denominator(), 6);
+  EXPECT_EQ(column.largest_numerator(), 6U);
+  EXPECT_EQ(column.integers()[1], -4);
+  EXPECT_EQ(column.doubles(), nullptr);
+  EXPECT_EQ(column.fractions(), nullptr);
+  expect_parts(column, {ratyp(1, 2), ratyp(-2, 3), 0, 1}, "sixths");
+}
+
+TEST(Column, ArraysBelongToTheirForm) {
+  const std::vector<double> values{0.5, -1e300};
+  const Column doubles = Column::doubles(values);
+  EXPECT_EQ(doubles.form(), PartForm::doubles);
+  EXPECT_EQ(doubles.doubles()[1], -1e300);
+  EXPECT_EQ(doubles.integers(), nullptr);
+  const std::vector<Fraction32> parts{{1, 3}, {-2, 5}};
+  const Column fractions = Column::fractions(parts);
+  EXPECT_EQ(fractions.fractions()[1].nu, -2);
+  EXPECT_EQ(fractions.largest_numerator(), 2U);
+  EXPECT_EQ(Column::zero(3).size(), 3U);
+  EXPECT_EQ(Column::floating_zero(2).form(), PartForm::floating_zero);
+}
+
+TEST(Column, LargestNumeratorIsNeverTooSmall) {
+  const std::vector<ratyp> parts{INT32_MIN, 3};
+  Column column = Column::of(parts);
+  EXPECT_EQ(column.largest_numerator(), 2147483648U);
+  column = Column::of(std::vector<ratyp>{1, 2});
+  column.reserve_one();
+  column.insert(0, -9);
+  EXPECT_EQ(column.largest_numerator(), 9U);
+  column.erase(0);
+  EXPECT_GE(column.largest_numerator(), 2U);
+}
+
+TEST(Column, TakesTellsWhatTheFormHolds) {
+  const Column halves = Column::integers(std::vector<std::int32_t>{1, 3}, 2);
+  EXPECT_TRUE(halves.takes(column_half));
+  EXPECT_TRUE(halves.takes(1073741823));
+  EXPECT_FALSE(halves.takes(1073741824));
+  EXPECT_FALSE(halves.takes(ratyp(1, 3)));
+  EXPECT_FALSE(halves.takes(column_double));
+  EXPECT_TRUE(Column::integers(std::vector<std::int32_t>{1}).takes(INT32_MIN));
+  EXPECT_FALSE(Column::zero(1).takes(ratyp::floating(0.0)));
+  EXPECT_FALSE(Column::floating_zero(1).takes(0));
+  EXPECT_TRUE(Column::floating_zero(1).takes(ratyp::floating(-0.0)));
+}
+
+ratyp random_part(std::mt19937& engine) {
+  switch (engine() % 8) {
+    case 0:
+      return ratyp::floating(static_cast<double>(engine() % 5) / 4);
+    case 1:
+      return {static_cast<std::int32_t>(engine()), static_cast<std::int32_t>(engine() % 1000 + 1)};
+    case 2:
+      return {static_cast<std::int32_t>(engine() % 9), static_cast<std::int32_t>(engine() % 6 + 1)};
+    case 3:
+      return static_cast<std::int32_t>(engine());
+    default:
+      return static_cast<std::int32_t>(engine() % 3) - 1;
+  }
+}
+
+TEST(Column, RandomEditsKeepEveryPart) {
+  std::mt19937 engine(5);
+  for (int run = 0; run < 200; ++run) {
+    Column column;
+    std::vector<ratyp> parts;
+    for (int i = 0; i < 60; ++i) {
+      // Runs of one kind first, so that every form is edited.
+      const ratyp part = i < run % 60 ? ratyp(static_cast<std::int32_t>(engine() % 5)) : random_part(engine);
+      const std::size_t at = parts.empty() ? 0 : engine() % parts.size();
+      const auto place = parts.begin() + static_cast<std::ptrdiff_t>(at);
+      if (parts.empty() || engine() % 3 != 0) {
+        column.make_fit(part);
+        column.reserve_one();
+        column.insert(at, part);
+        parts.insert(place, part);
+      } else if (engine() % 2 == 0) {
+        column.make_fit(part);
+        column.set(at, part);
+        *place = part;
+      } else {
+        column.erase(at);
+        parts.erase(place);
+      }
+    }
+    expect_parts(column, parts, "run " + std::to_string(run));
+    if (::testing::Test::HasFailure()) return;
+  }
+}
+
+TEST(Column, PickedSliceAndKeepHaveTheSameParts) {
+  const std::vector<std::vector<ratyp>> columns = {
+      {0, 0, 0, 0},
+      {1, ratyp(1, 2), 3, 4},
+      {column_double, 1, 2, 3},
+      {column_double, column_double, ratyp::floating(2.0), column_double},
+      {ratyp(1, 2147483629), ratyp(1, 3), 5, 6},
+      {ratyp::floating(0.0), ratyp::floating(0.0), ratyp::floating(0.0), ratyp::floating(0.0)}};
+  const std::vector<std::uint32_t> indices{1, 3};
+  for (const auto& parts : columns) {
+    Column column = Column::of(parts);
+    const std::vector<ratyp> picked{parts[1], parts[3]};
+    expect_parts(column.picked(indices), picked, "picked");
+    EXPECT_EQ(column.picked(indices).form(), column.form());
+    expect_parts(column.slice(1, 2), {parts[1], parts[2]}, "slice");
+    column.keep(indices);
+    column.shrink();
+    expect_parts(column, picked, "kept");
+  }
+}
+
+TEST(Column, WithoutMemoryItIsAsItWas) {
+  const std::vector<ratyp> parts{1, ratyp(1, 2), 3};
+  const std::int64_t failures = fail_each_allocation(
+      Column::of(parts),
+      [](Column& column) {
+        column.make_fit(column_double);
+        column.reserve_one();
+        column.insert(1, column_double);
+      },
+      [&](const Column& column) { expect_parts(column, parts, "as it was"); });
+  EXPECT_GE(failures, 2);
+}
+
+}  // namespace
+}  // namespace kov
