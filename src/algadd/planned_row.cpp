@@ -12,14 +12,23 @@ namespace kov {
 
 namespace {
 
-/// Parts of a row that threads take one after the other: enough that none waits long for another.
+/// Parts of a row that threads take one after the other: enough that none waits long for another, and that the
+/// display breathes often; each large enough that its beginning does not count.
 constexpr std::size_t parts_per_thread = 8;
 constexpr std::size_t smallest_part = 32768;
+constexpr std::size_t largest_part = 400000;
 
 std::size_t contributions_of(const StepPlan& plan) {
   std::size_t count = 0;
   for (const StepTerm& term : plan.terms) count += plan.streams[term.stream].count();
   return count;
+}
+
+std::size_t part_count(const StepPlan& plan, int threads) {
+  const std::size_t contributions = contributions_of(plan);
+  const std::size_t parts_for_threads = static_cast<std::size_t>(threads) * parts_per_thread;
+  return std::max(std::clamp<std::size_t>(contributions / smallest_part, 1, parts_for_threads),
+                  contributions / largest_part);
 }
 
 // Splits the destinations into parts of much the same number of contributions: where a term of the longest
@@ -41,10 +50,7 @@ std::vector<std::int64_t> part_bounds(const StepPlan& plan, std::size_t parts) {
 
 template <class Arithmetic>
 Row make_row(const StepPlan& plan, const Arithmetic& arithmetic, WorkerPool& workers, Progress& progress) {
-  const std::size_t contributions = contributions_of(plan);
-  const std::size_t most_parts = static_cast<std::size_t>(workers.threads()) * parts_per_thread;
-  const std::size_t parts = std::clamp<std::size_t>(contributions / smallest_part, 1, most_parts);
-  const std::vector<std::int64_t> bounds = part_bounds(plan, parts);
+  const std::vector<std::int64_t> bounds = part_bounds(plan, part_count(plan, workers.threads()));
   std::vector<std::vector<Block>> blocks(bounds.size() - 1);
   workers.run(
       blocks.size(),

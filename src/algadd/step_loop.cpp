@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "algadd/delete_smallest.h"
-#include "algadd/kernel.h"
+#include "algadd/row_step.h"
 #include "lattice/lattice_status.h"
 #include "lattice/row_edits.h"
 #include "numbers/errors.h"
@@ -13,8 +13,6 @@
 namespace kov {
 
 namespace {
-
-constexpr std::size_t points_per_breath = 1024;
 
 std::string mode_label(RunMode mode) {
   switch (mode) {
@@ -57,6 +55,7 @@ StepLoop::StepLoop(const Algadd& algadd, Lmap& lmap, const cphclass& cph, std::s
       mode_(request.mode),
       user_(user),
       used_length_(algadd.used_length(request.table)),
+      workers_(processor_threads()),
       barrier_(AbsorbingBarrier::read(cph)),
       limits_(RunLimits::read(cph)),
       nlast_(lmap.nlast()),
@@ -92,11 +91,7 @@ void StepLoop::step() {
 void StepLoop::build_row() {
   if (i_ > highest_int) return;
   const auto row = static_cast<std::int32_t>(i_);
-  std::size_t points = 0;
-  for (Lmap::Cursor point = lmap_.row_begin(row); point != lmap_.end(); ++point) {
-    AddLpairToLmap_1(algadd_, destination_, point.key(), point.quantity(), used_length_, table_);
-    if (++points % points_per_breath == 0) user_.progress.breathe();
-  }
+  destination_ = RowStep(workers_).destinations(algadd_, table_, used_length_, lmap_, row, user_.progress);
   barrier_.apply(destination_, wrapping_add(row, 1));
 }
 

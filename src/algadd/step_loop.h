@@ -9,6 +9,7 @@
 #include "algadd/algadd.h"
 #include "algadd/algadd_run.h"
 #include "algadd/run_limits.h"
+#include "algadd/worker_pool.h"
 #include "config/cphclass.h"
 #include "interact/user.h"
 #include "lattice/key_box.h"
@@ -59,6 +60,7 @@ class StepLoop {
   User user_;
 
   int used_length_;
+  WorkerPool workers_;
   AbsorbingBarrier barrier_;
   RunLimits limits_;
   std::int32_t nlast_;

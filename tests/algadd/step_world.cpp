@@ -58,7 +58,7 @@ ratyp StepWorld::part(Numbers numbers) {
     case Numbers::complex_numbers:
       return ratyp::floating(0.7 * integer(-3, 3));
     case Numbers::overflowing:
-      return one_in(60) ? ratyp::floating(one_in(2) ? 1e200 : -1e200) : ratyp::floating(1e-200);
+      return one_in(8) ? ratyp::floating(one_in(2) ? 1e200 : -1e200) : ratyp::floating(1e-200);
     case Numbers::anything:
     case Numbers::count:
       break;
