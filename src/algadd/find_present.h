@@ -9,7 +9,7 @@
 #endif
 
 #include "algadd/step_arithmetic.h"
-#include "algadd/vector_dispatch.h"
+#include "numbers/vector_dispatch.h"
 
 namespace kov {
 

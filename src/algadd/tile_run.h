@@ -29,12 +29,12 @@ class TileRun {
   using Sum = typename Arithmetic::Sum;
 
   TileRun(const StepPlan& plan, const Arithmetic& arithmetic, std::int64_t first, std::int64_t end,
-          std::vector<Block>& blocks)
+          std::vector<BoundedBlock>& blocks)
       : arithmetic_(arithmetic),
         end_(end),
         places_(plan, first),
         room_(std::make_unique<typename Arithmetic::Room>()),
-        writer_(std::make_unique<SumWriter<Arithmetic>>(arithmetic, blocks)) {
+        writer_(std::make_unique<SumWriter<Arithmetic>>(plan, arithmetic, blocks)) {
     for (const StepTerm& term : plan.terms) {
       factors_.push_back(arithmetic.factor(term.p));
       shifts_.push_back(term.shift);
