@@ -27,6 +27,29 @@ using Size = std::uint64_t;
 // largest; and doubles without a sign order like their bits.
 Size size_of(const cotyp& q) { return std::bit_cast<Size>(to_double(qq(q))); }
 
+/// The sizes of up to so many points of a block at a time.
+class Sizes {
+ public:
+  static constexpr std::size_t at_once = 512;
+
+  std::span<const Size> of(const Block& block, std::size_t first) {
+    const std::size_t count = std::min(at_once, block.size() - first);
+    if (squares_as_doubles(block.re()) && squares_as_doubles(block.im())) {
+      block.re().decode(first, std::span(re_).first(count));
+      block.im().decode(first, std::span(im_).first(count));
+      for (std::size_t i = 0; i < count; ++i) sizes_[i] = std::bit_cast<Size>(re_[i] * re_[i] + im_[i] * im_[i]);
+    } else {
+      for (std::size_t i = 0; i < count; ++i) sizes_[i] = size_of(block.quantity(first + i));
+    }
+    return std::span(sizes_).first(count);
+  }
+
+ private:
+  std::array<double, at_once> re_;
+  std::array<double, at_once> im_;
+  std::array<Size, at_once> sizes_;
+};
+
 // Feedback of one pass over the row: "n=nlast=5: Sorting entry 10000 of 25000"; without a heading the
 // display only breathes.
 class Pass {
@@ -90,14 +113,18 @@ struct Bucket {
 constexpr int bits_per_pass = 11;
 using Buckets = std::array<Bucket, std::size_t{1} << bits_per_pass>;
 
-Buckets counted(const Lmap& lmap, std::int32_t row, const Cut& cut, const Pass& pass) {
+Buckets counted(const Row& row, const Cut& cut, Pass& pass) {
   const int shift = std::max(0, static_cast<int>(std::bit_width(cut.high - cut.low)) - bits_per_pass);
   Buckets buckets;
-  std::size_t k = 0;
-  for (Lmap::Cursor point = lmap.row_begin(row); point != lmap.end(); ++point) {
-    const Size size = size_of(point.quantity());
-    if (cut.covers(size)) buckets[(size - cut.low) >> shift].add(size);
-    pass.done(++k);
+  Sizes sizes;
+  for (std::size_t block = 0; block < row.block_count(); ++block) {
+    for (std::size_t first = 0; first < row.block(block).size(); first += Sizes::at_once) {
+      const std::span<const Size> some = sizes.of(row.block(block), first);
+      for (const Size size : some) {
+        if (cut.covers(size)) buckets[(size - cut.low) >> shift].add(size);
+      }
+      pass.advance(some.size());
+    }
   }
   return buckets;
 }
@@ -111,20 +138,22 @@ Cut narrowed(const Buckets& buckets, std::size_t number) {
   return {bucket->low, bucket->high, number};
 }
 
-// The walk is in key order.
-void erase_smallest(Lmap& lmap, std::int32_t row, Cut cut, std::size_t number, const Pass& pass) {
-  Lmap::Cursor point = lmap.row_begin(row);
-  for (std::size_t deleted = 0; deleted < number;) {
-    const Size size = size_of(point.quantity());
-    const bool equal = size == cut.low;
-    if (size > cut.low || (equal && cut.number == 0)) {
-      ++point;
-      continue;
+// The walk is in key order. Feedback throws nothing that the store would have to be whole for: it comes before the
+// points that it counts are gone.
+void erase_smallest(Lmap& lmap, std::int32_t n, Cut cut, Pass& pass) {
+  Sizes sizes;
+  lmap.keep_chosen(n, n, [&](const Row& row, std::size_t block, Lmap::BlockIndices& kept) {
+    const std::size_t points = row.block(block).size();
+    std::size_t count = 0;
+    for (std::size_t first = 0; first < points; first += Sizes::at_once) {
+      for (const Size size : sizes.of(row.block(block), first)) {
+        const bool equal = size == cut.low && cut.number > 0;
+        if (equal) --cut.number;
+      }
     }
-    if (equal) --cut.number;
-    point = lmap.erase(point);
-    pass.done(++deleted);
-  }
+    pass.advance(points - count);
+    return count;
+  });
 }
 
 // A line of a data file may widen the range of the percentage.
