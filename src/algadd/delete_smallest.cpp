@@ -6,9 +6,11 @@
 #include <cstddef>
 #include <limits>
 #include <optional>
+#include <span>
 #include <string>
 #include <utility>
 
+#include "lattice/block_points.h"
 #include "text/integers.h"
 
 namespace kov {
@@ -25,28 +27,20 @@ using Size = std::uint64_t;
 // not overflow, they differ by more than the rounding of a double, and everywhere else it compares the
 // doubles itself. A sum of two squares of finite numbers is no NaN and no -0.0, at most an infinity, the
 // largest; and doubles without a sign order like their bits.
-Size size_of(const cotyp& q) { return std::bit_cast<Size>(to_double(qq(q))); }
-
-/// The sizes of up to so many points of a block at a time.
 class Sizes {
  public:
   static constexpr std::size_t at_once = 512;
 
+  /// Of the points of a block from first on, at_once or as many as there are.
   std::span<const Size> of(const Block& block, std::size_t first) {
-    const std::size_t count = std::min(at_once, block.size() - first);
-    if (squares_as_doubles(block.re()) && squares_as_doubles(block.im())) {
-      block.re().decode(first, std::span(re_).first(count));
-      block.im().decode(first, std::span(im_).first(count));
-      for (std::size_t i = 0; i < count; ++i) sizes_[i] = std::bit_cast<Size>(re_[i] * re_[i] + im_[i] * im_[i]);
-    } else {
-      for (std::size_t i = 0; i < count; ++i) sizes_[i] = size_of(block.quantity(first + i));
-    }
-    return std::span(sizes_).first(count);
+    const auto squares = std::span(squares_).first(std::min(at_once, block.size() - first));
+    decode_squares(block, first, squares);
+    std::transform(squares.begin(), squares.end(), sizes_.begin(), std::bit_cast<Size, double>);
+    return std::span(sizes_).first(squares.size());
   }
 
  private:
-  std::array<double, at_once> re_;
-  std::array<double, at_once> im_;
+  std::array<double, at_once> squares_;
   std::array<Size, at_once> sizes_;
 };
 
@@ -57,18 +51,35 @@ class Pass {
   Pass(Progress& progress, std::string heading, std::size_t total)
       : progress_(progress), heading_(std::move(heading)), total_(total) {}
 
-  void done(std::size_t k) const {
-    if (k % entries_per_breath == 0) progress_.breathe();
-    if (heading_.empty() || k % points_per_display != 0) return;
-    const auto position = static_cast<std::int64_t>(k);
+  // So many more points are done.
+  void advance(std::size_t points) {
+    const std::size_t end = done_ + points;
+    while (done_ < end) {
+      done_ = std::min({end, next_breath_, next_display_});
+      if (done_ == next_breath_) breathe();
+      if (done_ == next_display_) display();
+    }
+  }
+
+ private:
+  void breathe() {
+    next_breath_ += entries_per_breath;
+    progress_.breathe();
+  }
+  void display() {
+    next_display_ += points_per_display;
+    if (heading_.empty()) return;
+    const auto position = static_cast<std::int64_t>(done_);
     progress_.headline(heading_ + int_text(position) + " of " + int_text(static_cast<std::int64_t>(total_)));
     progress_.at(position);
   }
 
- private:
   Progress& progress_;
   std::string heading_;
   std::size_t total_;
+  std::size_t done_ = 0;
+  std::size_t next_breath_ = entries_per_breath;
+  std::size_t next_display_ = points_per_display;
 };
 
 // The panel is grey before the box opens, and has its own colour before the box closes.
@@ -113,7 +124,7 @@ struct Bucket {
 constexpr int bits_per_pass = 11;
 using Buckets = std::array<Bucket, std::size_t{1} << bits_per_pass>;
 
-Buckets counted(const Row& row, const Cut& cut, Pass& pass) {
+Buckets counted(const Row& row, const Cut& cut, Pass pass) {
   const int shift = std::max(0, static_cast<int>(std::bit_width(cut.high - cut.low)) - bits_per_pass);
   Buckets buckets;
   Sizes sizes;
@@ -138,20 +149,22 @@ Cut narrowed(const Buckets& buckets, std::size_t number) {
   return {bucket->low, bucket->high, number};
 }
 
-// The walk is in key order. Feedback throws nothing that the store would have to be whole for: it comes before the
-// points that it counts are gone.
-void erase_smallest(Lmap& lmap, std::int32_t n, Cut cut, Pass& pass) {
+// In key order. What the feedback of a block throws comes before its points are gone.
+void erase_smallest(Lmap& lmap, std::int32_t n, Cut cut, Pass pass) {
   Sizes sizes;
-  lmap.keep_chosen(n, n, [&](const Row& row, std::size_t block, Lmap::BlockIndices& kept) {
-    const std::size_t points = row.block(block).size();
+  lmap.keep_chosen(n, n, [&](const Row& row, std::size_t index, Lmap::BlockIndices& kept) {
+    const Block& block = row.block(index);
     std::size_t count = 0;
-    for (std::size_t first = 0; first < points; first += Sizes::at_once) {
-      for (const Size size : sizes.of(row.block(block), first)) {
-        const bool equal = size == cut.low && cut.number > 0;
-        if (equal) --cut.number;
+    for (std::size_t first = 0; first < block.size(); first += Sizes::at_once) {
+      auto point = static_cast<std::uint32_t>(first);
+      for (const Size size : sizes.of(block, first)) {
+        const bool equal = size == cut.low;
+        kept[count] = point++;
+        if (size > cut.low || (equal && cut.number == 0)) ++count;
+        if (equal && cut.number > 0) --cut.number;
       }
     }
-    pass.advance(points - count);
+    pass.advance(block.size() - count);
     return count;
   });
 }
@@ -167,15 +180,16 @@ std::size_t part_of(std::size_t count, std::int32_t percent) {
 void delete_smallest_of_nlast(Lmap& lmap, std::int32_t percent, Progress& progress) {
   if (lmap.empty()) return;
   const std::int32_t nlast = lmap.nlast();
-  const std::size_t count = lmap.count_in_rows(nlast, nlast);
+  const std::size_t count = lmap.row(nlast)->count();
   const GreyBox box(progress, static_cast<std::int64_t>(count));
 
   const std::string heading = "n=nlast=" + int_text(nlast);
   const std::size_t number = part_of(count, percent);
-  Cut cut = narrowed(counted(lmap, nlast, Cut{}, {progress, heading + ": Sorting entry ", count}), number);
+  const Row& row = *lmap.row(nlast);
+  Cut cut = narrowed(counted(row, Cut{}, {progress, heading + ": Sorting entry ", count}), number);
   if (number == 0) return;
-  while (!cut.found()) cut = narrowed(counted(lmap, nlast, cut, {progress, {}, count}), cut.number);
-  erase_smallest(lmap, nlast, cut, number, {progress, heading + ": Deleting entry ", number});
+  while (!cut.found()) cut = narrowed(counted(row, cut, {progress, {}, count}), cut.number);
+  erase_smallest(lmap, nlast, cut, {progress, heading + ": Deleting entry ", number});
 }
 
 }  // namespace kov

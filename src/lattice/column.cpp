@@ -180,10 +180,10 @@ void Column::decode(std::size_t first, std::span<double> out) const noexcept {
   if (const double* values = doubles()) {
     std::copy_n(values + first, out.size(), out.begin());
   } else if (const std::int32_t* numerators = integers()) {
-    const auto denominator = static_cast<double>(denominator_);
-    for (std::size_t i = 0; i < out.size(); ++i) {
-      out[i] = static_cast<double>(numerators[first + i]) / denominator;
-    }
+    std::transform(numerators + first, numerators + first + out.size(), out.begin(),
+                   [](std::int32_t numerator) { return static_cast<double>(numerator); });
+    if (denominator_ == 1) return;
+    for (double& value : out) value /= static_cast<double>(denominator_);
   } else if (std::holds_alternative<std::monostate>(parts_)) {
     std::fill(out.begin(), out.end(), 0.0);
   } else {

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
 #include <map>
 #include <span>
 #include <utility>
@@ -74,6 +75,12 @@ class Lmap {
   /// A walk over rows, none of which is empty.
   class RowCursor {
    public:
+    using iterator_category = std::forward_iterator_tag;
+    using value_type = Row;
+    using difference_type = std::ptrdiff_t;
+    using pointer = const Row*;
+    using reference = const Row&;
+
     const Row& operator*() const noexcept { return row_->second; }
     const Row* operator->() const noexcept { return &row_->second; }
     RowCursor& operator++() noexcept {

@@ -56,7 +56,8 @@ class PointsToKeep {
   }
 
  private:
-  static void mark(const Row& row, std::size_t block, const KeyBox& box, std::span<std::uint8_t> inside) noexcept {
+  static void mark(const Row& row, std::size_t block, const KeyBox& box,
+                   std::span<std::uint8_t> inside) noexcept {
     const RowRange range(row, box);
     if (range.none()) return;
     std::array<std::uint8_t, block_capacity> flags;

@@ -19,14 +19,15 @@ RowRange::RowRange(const Row& row, const KeyBox& range) noexcept : range_(range)
   }
 }
 
-void RowRange::add_test(const KeyFrame& frame, std::size_t position, std::int32_t min, std::int32_t max) noexcept {
+void RowRange::add_test(const KeyFrame& frame, std::size_t position, std::int32_t min,
+                        std::int32_t max) noexcept {
   const auto distance = [](std::int32_t a, std::int32_t b) {
     return static_cast<std::uint32_t>(wrapping_subtract(a, b));
   };
   tests_[test_count_++] = {.mask = (std::uint64_t{1} << frame.bits(position)) - 1,
-                    .low = distance(min, frame.low(position)),
-                    .width = distance(max, min),
-                    .shift = frame.shift_of(position)};
+                           .low = distance(min, frame.low(position)),
+                           .width = distance(max, min),
+                           .shift = frame.shift_of(position)};
 }
 
 void RowRange::mark(const Block& block, std::size_t first, std::span<std::uint8_t> inside) const noexcept {

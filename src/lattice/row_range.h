@@ -10,9 +10,9 @@
 
 namespace kov {
 
-/// Which points of a row lie inside a range. For most rows the row's box tells it of all at once; else only the
-/// positions that the box leaves open are looked at, and whole keys are not unpacked. To be used before the row
-/// changes.
+/// Which points of a row lie inside a range. For most rows the row's box tells it of all at once; else only
+/// the positions that the box leaves open are looked at, and whole keys are not unpacked. To be used before
+/// the row changes.
 class RowRange {
  public:
   RowRange(const Row& row, const KeyBox& range) noexcept;
@@ -27,7 +27,8 @@ class RowRange {
  private:
   enum class Extent { none, some, all };
 
-  /// A position to be looked at: inside while its distance from the frame's low bound, less low, is at most width.
+  /// A position to be looked at: inside while its distance from the frame's low bound, less low, is at most
+  /// width.
   struct Test {
     std::uint64_t mask;
     std::uint32_t low;
