@@ -101,7 +101,7 @@ TEST_F(GraphExports, ThePictureSizeIsPresetWithThePages) {
   const OnModal<PictureSizeBox> size([&](PictureSizeBox& box) {
     EXPECT_EQ(box.size_of_picture(), image().size());
     EXPECT_EQ(box.windowTitle(), "Save picture");
-    EXPECT_EQ(box.findChild<QSpinBox*>("PictureWidth")->maximum(), 16384);
+    EXPECT_EQ(box.findChild<QSpinBox*>("PictureWidth")->maximum(), largest_picture_side);
     box.reject();
   });
   item("Save picture").trigger();
