@@ -171,8 +171,7 @@ void Pages::refresh() {
 
 void Pages::redisplay(const std::function<void()>& show) {
   try {
-    if (about_to_redisplay_) about_to_redisplay_();
-    show();
+    if (!about_to_redisplay_ || about_to_redisplay_()) show();
   } catch (const std::bad_alloc&) {
     user_.messages.error("Not enough memory to redisplay the page.");
   }
