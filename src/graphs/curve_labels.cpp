@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <string>
+#include <vector>
 
 #include "graphs/legend.h"
 #include "text/integers.h"
@@ -65,14 +67,17 @@ double curve_label_room(const TextMeasure& measure) {
 }
 
 void draw_curve_labels(Picture& picture, const PlotArea& area, const CurveStack& stack,
-                       const TextMeasure& measure) {
+                       std::string_view y_name, const TextMeasure& measure) {
   const double right = area.left + area.width;
   const double left = right + leader_length + label_gap;
   if (left + measure.width(curve_label(lowest_int), graph_text_size) > picture.width) return;
   const double height = measure.height(graph_text_size);
-  const double top = height / 2;
+  const double heading = area.top + height / 2;
+  const double top = heading + height;
   const double bottom = picture.height - height / 2;
   if (bottom < top) return;
+  picture.texts.push_back(
+      {{left, heading}, Anchor::left, "y: " + std::string(y_name), graph_text_size, quiet_text});
   const auto room = static_cast<std::size_t>((bottom - top) / height) + 1;
   for (const auto& [curve, y] : placed(labelled(stack, room), area, top, bottom, height)) {
     const Colour colour = selected(*curve) ? curve_colour(curve->state) : quiet_text;

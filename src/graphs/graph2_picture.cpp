@@ -63,7 +63,7 @@ void draw_stack(Picture& picture, const PlotArea& area, const Graph2Drawing& dra
   for (auto curve = stack.curves.rbegin(); curve != stack.curves.rend(); ++curve) {
     picture.lines.push_back(moved(curve->line, area));
   }
-  draw_curve_labels(picture, area, stack, measure);
+  draw_curve_labels(picture, area, stack, coordinate_name(drawing.map.y.position), measure);
 }
 
 }  // namespace
