@@ -63,6 +63,21 @@ TEST_F(Graph2PictureTest, AMapHasTitleAxesAndLegend) {
   expect_texts_inside(map);
 }
 
+TEST_F(Graph2PictureTest, TheTitleFollowsTheFile) {
+  int changes = 0;
+  page.set_changed([&] { ++changes; });
+  page.file_renamed();
+  EXPECT_EQ(changes, 0) << "nothing is drawn";
+  picture();
+  file_name = "other.aa1";
+  changes = 0;
+  page.file_renamed();
+  EXPECT_EQ(changes, 1);
+  EXPECT_TRUE(has_text(page.picture(700, 500, measure),
+                       "other.aa1, range table 0, SR1: re, l=-...+ n=-...+ k1...k30=-...+"));
+  EXPECT_EQ(changes, 1) << "nothing is calculated";
+}
+
 TEST_F(Graph2PictureTest, TheBackgroundIsNoColourOfAnyRamp) {
   const Colour background = picture().background;
   for (int mode = 0; mode <= 3; ++mode) {
