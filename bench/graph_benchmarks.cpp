@@ -186,7 +186,7 @@ void register_graph_benchmarks(Scale scale) {
   add("Graph2, colouring of 3000 x 2000 pixels", colour);
   const std::string distinct = "Graph2, distinct ones of 6 million values";
   for (const auto& [name, find] :
-       {std::pair{distinct, distinct_values}, std::pair{literal_name(distinct), compared_values}}) {
+       {std::pair{distinct, &distinct_values}, std::pair{literal_name(distinct), &compared_values}}) {
     benchmark::RegisterBenchmark(name.c_str(),
                                  [find](benchmark::State& state) { find_distinct(state, find); })
         ->UseManualTime()
