@@ -44,8 +44,8 @@ std::vector<const StackedCurve*> labelled(const CurveStack& stack, std::size_t r
 
 /// Beside the zeros of the curves, but so far apart and not above top: they are pushed up by those below
 /// them, and down again by the edge.
-std::vector<LabelPlace> placed(const std::vector<const StackedCurve*>& curves, const PlotArea& area,
-                               double top, double bottom, double distance) {
+std::vector<LabelPlace> label_places(const std::vector<const StackedCurve*>& curves, const PlotArea& area,
+                                     double top, double bottom, double distance) {
   std::vector<LabelPlace> places;
   double highest = bottom;
   for (const StackedCurve* curve : curves) {
@@ -79,7 +79,7 @@ void draw_curve_labels(Picture& picture, const PlotArea& area, const CurveStack&
   picture.texts.push_back(
       {{left, heading}, Anchor::left, "y: " + std::string(y_name), graph_text_size, quiet_text});
   const auto room = static_cast<std::size_t>((bottom - top) / height) + 1;
-  for (const auto& [curve, y] : placed(labelled(stack, room), area, top, bottom, height)) {
+  for (const auto& [curve, y] : label_places(labelled(stack, room), area, top, bottom, height)) {
     const Colour colour = selected(*curve) ? curve_colour(curve->state) : quiet_text;
     picture.lines.push_back({{{right, area.top + curve->zero}, {right + leader_length, y}}, colour});
     picture.texts.push_back({{left, y}, Anchor::left, curve_label(curve->y), graph_text_size, colour});
