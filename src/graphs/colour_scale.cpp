@@ -31,7 +31,9 @@ void ColourScale::Set_equally_distributed_fclimit(std::vector<double> values, Me
   std::size_t prev = 1;
   double k = 0;
   for (const double value : Vmap) {
-    const auto index = static_cast<std::size_t>(threshold_index(++k, step, messages));
+    // Most of many values are the last one of no threshold.
+    if (++k * step < static_cast<double>(prev)) continue;
+    const auto index = static_cast<std::size_t>(threshold_index(k, step, messages));
     for (; prev <= index; ++prev) fclimit_[prev] = value;
   }
   for (; prev <= top_limit; ++prev) fclimit_[prev] = fclimit_[prev - 1];
