@@ -78,6 +78,12 @@ void Graph1Page::draw() {
   tell_changed();
 }
 
+void Graph1Page::file_renamed() {
+  if (!drawn()) return;
+  origin_.file_name = sources_.file_name();
+  if (changed_) changed_();
+}
+
 void Graph1Page::set_image_size(int width, int height) {
   width_ = width;
   height_ = height;

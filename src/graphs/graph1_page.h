@@ -45,6 +45,9 @@ class Graph1Page {
   /// The label Label_g1_oplot was clicked: draws what is calculated.
   void oplot_changed() { draw(); }
 
+  /// The data have another file: what is drawn gets its name.
+  void file_renamed();
+
   /// The image of the next calculation, in pixels; 1000 x 700 at first.
   void set_image_size(int width, int height);
   /// Likewise, as the part of a picture of this size that title, legend and axes leave.

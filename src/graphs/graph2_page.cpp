@@ -109,6 +109,12 @@ void Graph2Page::draw_curves_anew() {
   if (changed_) changed_();
 }
 
+void Graph2Page::file_renamed() {
+  if (!drawn()) return;
+  drawing_->origin.file_name = sources_.file_name();
+  if (changed_) changed_();
+}
+
 std::string Graph2Page::calculate_and_draw() {
   try {
     if (!drawing_) drawing_ = std::make_unique<Graph2Drawing>();

@@ -246,6 +246,11 @@ void Pages::parameter_changed(std::string_view keyword) {
   changed();
 }
 
+void Pages::file_renamed() {
+  graph1_.file_renamed();
+  graph2_.file_renamed();
+}
+
 void Pages::graph1_box_changed() {
   show_config_if_active();
   if (is_active(Page::graph1)) return redisplay([this] { graph1_.check_box_changed(); });

@@ -92,6 +92,7 @@ class Pages : private Display {
   void parameter_changed(std::string_view keyword) override;
   void graph1_box_changed() override;
   void graph1_oplot_changed() override;
+  void file_renamed() override;
   void document_changed() override;
 
   void wire_lattice_grids();
