@@ -1,0 +1,46 @@
+#include "tools/choice_work.h"
+
+#include <utility>
+
+#include "tools/search_plan.h"
+
+namespace kov {
+
+HalvedSums::HalvedSums(std::vector<double> values, std::uint32_t order, std::uint32_t low,
+                       std::uint32_t middle, Signs signs, const CombRules& rules)
+    : terms(std::move(values), order, signs, rules),
+      halves(terms, low, middle),
+      best(rules.nearest, rules.one_per_difference),
+      upper(terms) {}
+
+ChoiceWork::ChoiceWork(HalvedKinds kinds, const TopWalk::Choice& choice) {
+  for (std::size_t i = 0; i < kinds.size(); ++i) {
+    HalvedSums& kind = *kinds[i];
+    if (kind.complete()) continue;
+    // A tie is left to the meetings to judge.
+    const std::span<const PartialSum> partials =
+        kind.upper.sum_up(choice.members, [&kind](double sum, double reach) {
+          return kind.terms.tolerance().window(kind.bound.get(), true, sum, reach);
+        });
+    const std::uint32_t rest = kind.terms.order() - static_cast<std::uint32_t>(choice.members.size());
+    const auto [fewest, most] = middle_members(rest, kind.halves.low_count(), kind.halves.middle_count());
+    for (std::uint32_t m = fewest; m <= most; ++m) {
+      const std::size_t each =
+          kind.halves.middle(m).sorted().sums.size() + kind.halves.low(rest - m).sorted().sums.size();
+      parts_.push_back({.kind = i, .partials = partials, .middle_members = m, .comparisons_each = each});
+      size_ += partials.size();
+      comparisons_ += partials.size() * each;
+    }
+  }
+}
+
+ChoiceWork::Meeting ChoiceWork::operator[](std::size_t i) const {
+  auto part = parts_.begin();
+  for (; i >= part->partials.size(); ++part) i -= part->partials.size();
+  return {.kind = part->kind,
+          .partial = part->partials[i],
+          .middle_members = part->middle_members,
+          .comparisons = part->comparisons_each};
+}
+
+}  // namespace kov

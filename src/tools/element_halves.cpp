@@ -1,0 +1,25 @@
+#include "tools/element_halves.h"
+
+#include <algorithm>
+
+namespace kov {
+namespace {
+
+std::vector<NumberedSums> sums_of(const OrderTerms& terms, ElementSpan elements) {
+  std::vector<NumberedSums> all;
+  const std::uint32_t most = std::min(terms.order(), elements.end - elements.begin);
+  for (std::uint32_t members = 0; members <= most; ++members) {
+    all.emplace_back(terms.values(), members, elements, terms.signs(), terms.kept_of_equal());
+  }
+  return all;
+}
+
+}  // namespace
+
+ElementHalves::ElementHalves(const OrderTerms& terms, std::uint32_t low, std::uint32_t middle)
+    : low_count_(low),
+      middle_count_(middle),
+      low_(sums_of(terms, {.begin = 0, .end = low})),
+      middle_(sums_of(terms, {.begin = low, .end = low + middle})) {}
+
+}  // namespace kov
