@@ -1,5 +1,6 @@
 #include "tools/choice_work.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "tools/search_plan.h"
@@ -28,7 +29,7 @@ ChoiceWork::ChoiceWork(HalvedKinds kinds, const TopWalk::Choice& choice) {
       const std::size_t each =
           kind.halves.middle(m).sorted().sums.size() + kind.halves.low(rest - m).sorted().sums.size();
       parts_.push_back({.kind = i, .partials = partials, .middle_members = m, .comparisons_each = each});
-      size_ += partials.size();
+      size_ += parts_.back().meetings();
       comparisons_ += partials.size() * each;
     }
   }
@@ -36,11 +37,14 @@ ChoiceWork::ChoiceWork(HalvedKinds kinds, const TopWalk::Choice& choice) {
 
 ChoiceWork::Meeting ChoiceWork::operator[](std::size_t i) const {
   auto part = parts_.begin();
-  for (; i >= part->partials.size(); ++part) i -= part->partials.size();
+  for (; i >= part->meetings(); ++part) i -= part->meetings();
+  const std::size_t first = i * MergeSearch::at_once;
+  const auto partials =
+      part->partials.subspan(first, std::min(MergeSearch::at_once, part->partials.size() - first));
   return {.kind = part->kind,
-          .partial = part->partials[i],
+          .partials = partials,
           .middle_members = part->middle_members,
-          .comparisons = part->comparisons_each};
+          .comparisons = partials.size() * part->comparisons_each};
 }
 
 }  // namespace kov

@@ -28,15 +28,15 @@ struct HalvedSums {
 
 using HalvedKinds = std::span<const std::unique_ptr<HalvedSums>>;
 
-/// What is to be done for one choice of top members: each of their sums meets the two lists, for each number
-/// of members that can be among the middle elements. These meetings can be done in any order, at the same
-/// time. Refers to the partial sums of the kinds: for one choice at a time.
+/// What is to be done for one choice of top members: their sums, some at once, meet the two lists, for each
+/// number of members that can be among the middle elements. These meetings can be done in any order, at the
+/// same time. Refers to the partial sums of the kinds: for one choice at a time.
 class ChoiceWork {
  public:
   /// One meeting of two lists.
   struct Meeting {
     std::size_t kind = 0;
-    PartialSum partial;
+    std::span<const PartialSum> partials;
     std::uint32_t middle_members = 0;
     /// How many comparisons it takes.
     std::size_t comparisons = 0;
@@ -58,6 +58,10 @@ class ChoiceWork {
     std::span<const PartialSum> partials;
     std::uint32_t middle_members;
     std::size_t comparisons_each;
+
+    std::size_t meetings() const {
+      return (partials.size() + MergeSearch::at_once - 1) / MergeSearch::at_once;
+    }
   };
 
   std::vector<Part> parts_;

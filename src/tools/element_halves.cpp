@@ -6,12 +6,8 @@ namespace kov {
 namespace {
 
 std::vector<NumberedSums> sums_of(const OrderTerms& terms, ElementSpan elements) {
-  std::vector<NumberedSums> all;
   const std::uint32_t most = std::min(terms.order(), elements.end - elements.begin);
-  for (std::uint32_t members = 0; members <= most; ++members) {
-    all.emplace_back(terms.values(), members, elements, terms.signs(), terms.kept_of_equal());
-  }
-  return all;
+  return NumberedSums::of_each_size(terms.values(), most, elements, terms.signs(), terms.kept_of_equal());
 }
 
 }  // namespace

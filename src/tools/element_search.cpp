@@ -133,7 +133,7 @@ void HalvesSearch::take_meetings(const TopWalk::Choice& choice, const ChoiceWork
                                  const AfterMeeting& after_meeting) {
   for (std::size_t i = next_meeting_++; i < work.size() && !given_up_; i = next_meeting_++) {
     const ChoiceWork::Meeting meeting = work[i];
-    finds[meeting.kind].search(meeting.partial, choice, meeting.middle_members);
+    finds[meeting.kind].search(meeting.partials, choice, meeting.middle_members);
     after_meeting(meeting.comparisons);
   }
 }

@@ -1,84 +1,97 @@
 #include "tools/merge_search.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <utility>
 
 namespace kov {
 
-void MergeSearch::search(const PartialSum& partial, const TopWalk::Choice& choice,
+void MergeSearch::search(std::span<const PartialSum> partials, const TopWalk::Choice& choice,
                          std::uint32_t middle_members) {
   const auto above = static_cast<std::uint32_t>(choice.members.size());
-  const std::uint32_t low_members = terms_.order() - above - middle_members;
-  walk({.partial = partial,
-        .choice = choice,
-        .middle = halves_.middle(middle_members),
-        .low = halves_.low(low_members)});
+  const Lists lists{.choice = choice,
+                    .middle = halves_.middle(middle_members),
+                    .low = halves_.low(terms_.order() - above - middle_members)};
+  const std::vector<double>& middle = lists.middle.sorted().sums;
+  const std::vector<double>& low = lists.low.sorted().sums;
+  const auto at_end = [&](const Walk& walk) { return walk.i == middle.size() || walk.end == 0; };
+  std::array<Walk, at_once> walks;
+  std::size_t going = 0;
+  for (const PartialSum& partial : partials) {
+    walks[going] = begin(partial, lists);
+    if (!at_end(walks[going])) ++going;
+  }
+  while (going > 0) {
+    for (std::size_t n = 0; n < going;) {
+      Walk& walk = walks[n];
+      const double sum = middle[walk.i] + low[walk.end - 1];
+      const bool too_small = sum < walk.lowest;
+      const bool meets = !too_small && sum <= walk.highest;
+      if (meets) test_middle_sum(walk, lists);
+      // Which list goes on is not to be guessed, so it is computed without a branch.
+      const bool next_middle = too_small || meets;
+      walk.i += next_middle ? 1 : 0;
+      walk.end -= next_middle ? 0 : 1;
+      if (at_end(walk)) {
+        walk = walks[--going];
+      } else {
+        ++n;
+      }
+    }
+  }
   shared_.lower_to(found_.bound());
 }
 
-MergeSearch::Limits MergeSearch::limits(const Meeting& meeting) const {
+MergeSearch::Walk MergeSearch::begin(const PartialSum& partial, const Lists& lists) const {
+  const std::vector<double>& middle = lists.middle.sorted().sums;
+  const std::vector<double>& low = lists.low.sorted().sums;
+  Walk walk{.i = 0, .end = 0, .lowest = 0.0, .highest = 0.0, .partial = partial};
+  set_bounds(walk, lists);
+  const auto first = std::lower_bound(middle.begin(), middle.end(), walk.lowest - low.back());
+  walk.i = static_cast<std::size_t>(first - middle.begin());
+  if (first == middle.end()) return walk;
+  walk.end =
+      static_cast<std::size_t>(std::upper_bound(low.begin(), low.end(), walk.highest - *first) - low.begin());
+  return walk;
+}
+
+void MergeSearch::set_bounds(Walk& walk, const Lists& lists) const {
   const double bound = std::min(shared_.get(), found_.bound());
   // What is as far away as the last one of a full list from before is met too late.
   const bool ties_count = bound < before_.bound();
-  const std::uint32_t members = meeting.middle.members() + meeting.low.members();
-  const double sum = meeting.partial.sum;
+  const std::uint32_t members = lists.middle.members() + lists.low.members();
+  const double sum = walk.partial.sum;
   const double window =
       terms_.tolerance().window(bound, ties_count, sum, terms_.reach(members, halves_.elements()));
-  return {.lowest = (1.0 - sum) - window, .highest = (1.0 - sum) + window};
+  walk.lowest = (1.0 - sum) - window;
+  walk.highest = (1.0 - sum) + window;
 }
 
-void MergeSearch::walk(const Meeting& meeting) {
-  Limits within = limits(meeting);
-  const std::vector<double>& middle = meeting.middle.sorted().sums;
-  const std::vector<double>& low = meeting.low.sorted().sums;
-  auto i = static_cast<std::size_t>(
-      std::lower_bound(middle.begin(), middle.end(), within.lowest - low.back()) - middle.begin());
-  if (i == middle.size()) return;
-  auto end = static_cast<std::size_t>(std::upper_bound(low.begin(), low.end(), within.highest - middle[i]) -
-                                      low.begin());
-  // Low sums from end on are too large for middle sum i, and for all behind it. Which list goes on is not to
-  // be guessed, so it is computed without a branch.
-  double lowest = within.lowest;
-  double highest = within.highest;
-  while (i < middle.size() && end > 0) {
-    const double sum = middle[i] + low[end - 1];
-    const bool too_small = sum < lowest;
-    if (!too_small && sum <= highest) {
-      test_downwards(meeting, i, end, within);
-      lowest = within.lowest;
-      highest = within.highest;
-      ++i;
-      continue;
-    }
-    i += too_small ? 1 : 0;
-    end -= too_small ? 0 : 1;
+void MergeSearch::test_middle_sum(Walk& walk, const Lists& lists) {
+  const NumberedSums::List& middle = lists.middle.sorted();
+  const NumberedSums::List& low = lists.low.sorted();
+  // The bounds may be nearer by now.
+  set_bounds(walk, lists);
+  for (std::size_t end = walk.end; end > 0 && middle.sums[walk.i] + low.sums[end - 1] >= walk.lowest; --end) {
+    if (test(walk.partial, lists, middle.numbers[walk.i], low.numbers[end - 1])) set_bounds(walk, lists);
   }
 }
 
-void MergeSearch::test_downwards(const Meeting& meeting, std::size_t i, std::size_t end, Limits& limits) {
-  const NumberedSums::List& middle = meeting.middle.sorted();
-  const NumberedSums::List& low = meeting.low.sorted();
-  while (end > 0 && middle.sums[i] + low.sums[end - 1] >= limits.lowest) {
-    --end;
-    if (test(meeting, middle.numbers[i], low.numbers[end])) limits = this->limits(meeting);
-  }
-}
-
-bool MergeSearch::test(const Meeting& meeting, std::uint32_t middle_number, std::uint32_t low_number) {
-  const auto middle = meeting.middle.members_of(middle_number);
-  const auto low = meeting.low.members_of(low_number);
-  const std::uint32_t middle_plus = meeting.middle.plus_of(middle_number);
-  const std::uint32_t low_plus = meeting.low.plus_of(low_number);
-  const double sum =
-      terms_.continued(terms_.continued(meeting.partial.sum, middle, middle_plus), low, low_plus);
+bool MergeSearch::test(const PartialSum& partial, const Lists& lists, std::uint32_t middle_number,
+                       std::uint32_t low_number) {
+  const auto middle = lists.middle.members_of(middle_number);
+  const auto low = lists.low.members_of(low_number);
+  const std::uint32_t middle_plus = lists.middle.plus_of(middle_number);
+  const std::uint32_t low_plus = lists.low.plus_of(low_number);
+  const double sum = terms_.continued(terms_.continued(partial.sum, middle, middle_plus), low, low_plus);
   const double difference = std::fabs(sum - 1.0);
-  const std::uint64_t group = meeting.choice.number;
+  const std::uint64_t group = lists.choice.number;
   if (!before_.may_enter(difference, group) || !found_.may_enter(difference, group)) return false;
-  const std::uint64_t plus = meeting.partial.plus | std::uint64_t{middle_plus} << low.size() | low_plus;
+  const std::uint64_t plus = partial.plus | std::uint64_t{middle_plus} << low.size() | low_plus;
   CombMatch match{.difference = difference, .members = {low.begin(), low.end()}, .plus = plus};
   match.members.insert(match.members.end(), middle.begin(), middle.end());
-  match.members.insert(match.members.end(), meeting.choice.members.begin(), meeting.choice.members.end());
+  match.members.insert(match.members.end(), lists.choice.members.begin(), lists.choice.members.end());
   found_.offer(std::move(match), group);
   return true;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 
@@ -25,33 +26,42 @@ class MergeSearch {
         before_(before),
         found_(rules.nearest, rules.one_per_difference) {}
 
-  /// Completes a sum of the top members of choice by so many members among the middle elements, and the
-  /// others among the low ones.
-  void search(const PartialSum& partial, const TopWalk::Choice& choice, std::uint32_t middle_members);
+  /// How many sums are best completed at a time: while one waits for its lists, others go on.
+  static constexpr std::size_t at_once = 4;
+
+  /// Completes at_once sums at most of the top members of choice by so many members among the middle
+  /// elements, and the others among the low ones.
+  void search(std::span<const PartialSum> partials, const TopWalk::Choice& choice,
+              std::uint32_t middle_members);
 
   /// What of it may be among the nearest.
   const BestMatches& found() const { return found_; }
 
  private:
-  /// Between which bounds a sum of middle and low members is of interest.
-  struct Limits {
-    double lowest;
-    double highest;
-  };
-  /// One sum of the top members, and the lists that complete it.
-  struct Meeting {
-    const PartialSum& partial;
+  /// The lists that complete sums of the top members.
+  struct Lists {
     const TopWalk::Choice& choice;
     const NumberedSums& middle;
     const NumberedSums& low;
   };
+  /// How far one sum of the top members has got: low sums from end on are too large for middle sum i, and
+  /// for all behind it.
+  struct Walk {
+    std::size_t i = 0;
+    std::size_t end = 0;
+    /// Between which bounds a sum of middle and low members is of interest.
+    double lowest = 0.0;
+    double highest = 0.0;
+    PartialSum partial;
+  };
 
-  Limits limits(const Meeting& meeting) const;
-  void walk(const Meeting& meeting);
-  /// Tests sum i of the middle members with the low sums below end, the largest first, down to the limits.
-  void test_downwards(const Meeting& meeting, std::size_t i, std::size_t end, Limits& limits);
+  Walk begin(const PartialSum& partial, const Lists& lists) const;
+  void set_bounds(Walk& walk, const Lists& lists) const;
+  /// Tests middle sum i with the low sums that lie within the bounds.
+  void test_middle_sum(Walk& walk, const Lists& lists);
   /// True when it was kept.
-  bool test(const Meeting& meeting, std::uint32_t middle_number, std::uint32_t low_number);
+  bool test(const PartialSum& partial, const Lists& lists, std::uint32_t middle_number,
+            std::uint32_t low_number);
 
   const OrderTerms& terms_;
   const ElementHalves& halves_;

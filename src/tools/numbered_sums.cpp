@@ -25,25 +25,118 @@ void count_on(std::vector<std::uint32_t>& combination) {
   std::iota(combination.begin(), combination.begin() + static_cast<std::ptrdiff_t>(i), 0U);
 }
 
-/// Drops what is behind the first so many sums of each value.
-void keep_first_of_equal(std::vector<NumberedSum>& sorted, std::size_t kept) {
-  std::size_t used = 0;
-  std::size_t equal = 0;
-  for (const NumberedSum& next : sorted) {
-    equal = used > 0 && sorted[used - 1].sum == next.sum ? equal + 1 : 1;
-    if (equal <= kept) sorted[used++] = next;
+/// A list to which sums come in ascending order, of which it keeps the first so many of each value.
+class GrowingList {
+ public:
+  explicit GrowingList(std::size_t kept_of_equal) : kept_(kept_of_equal) {}
+
+  void reserve(std::size_t size) {
+    list_.sums.reserve(size);
+    list_.numbers.reserve(size);
   }
-  sorted.resize(used);
+  void add(const NumberedSum& next) {
+    equal_ = !list_.sums.empty() && list_.sums.back() == next.sum ? equal_ + 1 : 1;
+    if (kept_ != NumberedSums::everything && equal_ > kept_) return;
+    list_.sums.push_back(next.sum);
+    list_.numbers.push_back(next.number);
+  }
+  NumberedSums::List take() { return std::move(list_); }
+
+ private:
+  std::size_t kept_;
+  std::size_t equal_ = 0;
+  NumberedSums::List list_;
+};
+
+/// Sums of one member fewer, each with one more behind its last: still in ascending order.
+class Extended {
+ public:
+  /// The new member, with its sign, is value; rank is that of the first combination with it.
+  Extended(const NumberedSums::List& list, double value, std::uint32_t rank, std::uint32_t old_sign_bits,
+           std::uint32_t new_sign_bits, bool plus)
+      : list_(list),
+        value_(value),
+        rank_(rank),
+        old_sign_bits_(old_sign_bits),
+        new_sign_bits_(new_sign_bits),
+        plus_bit_(plus && new_sign_bits > 0 ? std::uint32_t{1} << old_sign_bits : 0) {}
+
+  bool at_end() const { return next_ == list_.sums.size(); }
+  void pop() { ++next_; }
+  NumberedSum front() const {
+    const std::uint32_t number = list_.numbers[next_];
+    const std::uint32_t signs = number & ((std::uint32_t{1} << old_sign_bits_) - 1);
+    return {.sum = list_.sums[next_] + value_,
+            .number = ((rank_ + (number >> old_sign_bits_)) << new_sign_bits_) | plus_bit_ | signs};
+  }
+
+ private:
+  const NumberedSums::List& list_;
+  double value_;
+  std::uint32_t rank_;
+  std::uint32_t old_sign_bits_;
+  std::uint32_t new_sign_bits_;
+  std::uint32_t plus_bit_;
+  std::size_t next_ = 0;
+};
+
+NumberedSums::List merged(std::span<Extended> sources, std::size_t size, std::size_t kept_of_equal) {
+  GrowingList all(kept_of_equal);
+  all.reserve(size);
+  for (;;) {
+    Extended* smallest = nullptr;
+    NumberedSum sum{};
+    for (Extended& source : sources) {
+      if (source.at_end()) continue;
+      const NumberedSum front = source.front();
+      if (smallest != nullptr && !(front < sum)) continue;
+      smallest = &source;
+      sum = front;
+    }
+    if (smallest == nullptr) return all.take();
+    all.add(sum);
+    smallest->pop();
+  }
 }
 
 }  // namespace
 
 NumberedSums::NumberedSums(std::span<const double> values, std::uint32_t members, ElementSpan elements,
                            Signs signs, std::size_t kept_of_equal)
+    : NumberedSums(members, elements, signs) {
+  sorted_ = sorted_sums(values, kept_of_equal);
+}
+
+NumberedSums::NumberedSums(std::uint32_t members, ElementSpan elements, Signs signs)
     : members_(members), sign_bits_(signs == Signs::plus ? 0 : members) {
   count_combinations(elements.end - elements.begin);
   list_combinations(elements);
-  sorted_ = sorted_sums(values, kept_of_equal);
+}
+
+std::vector<NumberedSums> NumberedSums::of_each_size(std::span<const double> values, std::uint32_t most,
+                                                     ElementSpan elements, Signs signs,
+                                                     std::size_t kept_of_equal) {
+  std::vector<NumberedSums> all;
+  for (std::uint32_t m = 0; m <= most; ++m) all.push_back(NumberedSums(m, elements, signs));
+  all.front().sorted_ = {.sums = {0.0}, .numbers = {0}};
+  for (std::uint32_t t = 0; t < elements.end - elements.begin; ++t) {
+    const double value = values[elements.begin + t];
+    // From the most members down, so that those with one member fewer are still without this element.
+    for (std::uint32_t m = std::min(t + 1, most); m > 0; --m) {
+      NumberedSums& sums = all[m];
+      const NumberedSums& fewer = all[m - 1];
+      const std::uint32_t rank = sums.count(t) >> sums.sign_bits_;
+      std::vector<Extended> sources;
+      sources.emplace_back(sums.sorted_, 0.0, 0, sums.sign_bits_, sums.sign_bits_, false);
+      sources.emplace_back(fewer.sorted_, value, rank, fewer.sign_bits_, sums.sign_bits_, true);
+      if (signs == Signs::plus_and_minus) {
+        sources.emplace_back(fewer.sorted_, -value, rank, fewer.sign_bits_, sums.sign_bits_, false);
+      }
+      const std::size_t size = sums.sorted_.sums.size() + (sources.size() - 1) * fewer.sorted_.sums.size();
+      sums.sorted_ = merged(sources, size, kept_of_equal);
+    }
+  }
+  return all;
 }
 
 void NumberedSums::count_combinations(std::uint32_t elements) {
@@ -80,15 +173,10 @@ NumberedSums::List NumberedSums::sorted_sums(std::span<const double> values,
     all[number] = {sum, number};
   }
   std::sort(all.begin(), all.end());
-  if (kept_of_equal != everything) keep_first_of_equal(all, kept_of_equal);
-  List list;
-  list.sums.reserve(all.size());
-  list.numbers.reserve(all.size());
-  for (const auto& [sum, number] : all) {
-    list.sums.push_back(sum);
-    list.numbers.push_back(number);
-  }
-  return list;
+  GrowingList list(kept_of_equal);
+  if (kept_of_equal == everything) list.reserve(all.size());
+  for (const NumberedSum& next : all) list.add(next);
+  return list.take();
 }
 
 }  // namespace kov

@@ -38,6 +38,13 @@ class NumberedSums {
   NumberedSums(std::span<const double> values, std::uint32_t members, ElementSpan elements, Signs signs,
                std::size_t kept_of_equal = everything);
 
+  /// The sums of 0, 1, ... most members, no more than there are elements. Lists are merged out of shorter
+  /// ones, which takes much less time than to sort them one by one. Where sums are rounded, equal ones stand
+  /// in any order.
+  static std::vector<NumberedSums> of_each_size(std::span<const double> values, std::uint32_t most,
+                                                ElementSpan elements, Signs signs,
+                                                std::size_t kept_of_equal = everything);
+
   std::uint32_t members() const { return members_; }
   /// Number of sums made of the first t elements of the stretch.
   std::uint32_t count(std::uint32_t t) const { return count_[t]; }
@@ -55,6 +62,9 @@ class NumberedSums {
   }
 
  private:
+  /// Without sums so far.
+  NumberedSums(std::uint32_t members, ElementSpan elements, Signs signs);
+
   void count_combinations(std::uint32_t elements);
   void list_combinations(ElementSpan elements);
   List sorted_sums(std::span<const double> values, std::size_t kept_of_equal) const;

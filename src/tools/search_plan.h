@@ -17,7 +17,7 @@ struct SearchPlan {
   std::uint32_t low = 0;
   /// 0 where the split is by position.
   std::uint32_t middle = 0;
-  /// How many comparisons the search may take, sorting aside.
+  /// How many comparisons the search may take, the preparation of the sums aside.
   double comparisons = 0.0;
 
   bool by_element() const { return middle > 0; }

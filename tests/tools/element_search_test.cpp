@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <stdexcept>
 
-#include "support/literal_combinations.h"
 #include "tools/comb_count.h"
 #include "tools/comb_elements.h"
 #include "tools/position_search.h"
@@ -45,29 +45,58 @@ TEST(ElementSearch, FindsWhatTheSearchByPositionFinds) {
   }
 }
 
+OrderResult stopped_at(std::span<const CombElement> elements, unsigned threads, std::size_t stop_at) {
+  std::size_t polls = 0;
+  const OrderResult result = search_by_element(SearchedElements(elements, 12, both_kinds), 10, 10, both_kinds,
+                                               threads, [&](double) { return ++polls != stop_at; });
+  EXPECT_LE(polls, stop_at) << "no poll behind the stop";
+  return result;
+}
+
+/// Twice 10 elements take several polls for a choice.
 TEST(ElementSearch, AStopWithinAChoiceLeavesTheChoicesBefore) {
-  const auto elements = roots(18);
-  // Choices take more than one poll; each that is told the same count as the one before is within a choice.
-  std::vector<double> told;
-  halved(elements, 9, 1, [&](double tested) {
-    told.push_back(tested);
-    return true;
-  });
+  const auto elements = roots(24);
+  OrderResult between_choices;
   int within = 0;
-  for (std::size_t stop_at = 0; stop_at < told.size(); ++stop_at) {
-    for (const unsigned threads : {1U, 2U}) {
-      std::size_t polls = 0;
-      const OrderResult result = halved(elements, 9, threads, [&](double) { return polls++ != stop_at; });
-      if (!result.stopped) continue;  // two threads have fewer polls
-      EXPECT_EQ(polls, stop_at + 1) << "no poll behind the stop";
-      EXPECT_GT(result.tested, 0.0);
-      const OrderResult expected = literal_search_order(
-          elements, 9, both_kinds, [&](double tested) { return tested < result.tested; });
-      expect_equal(result, expected);
+  for (std::size_t stop_at = 1;; ++stop_at) {
+    const OrderResult result = stopped_at(elements, 1, stop_at);
+    if (!result.stopped) break;
+    EXPECT_GT(result.tested, 0.0);
+    if (result.tested == between_choices.tested) {
+      expect_equal(result, between_choices);
+      ++within;
     }
-    if (stop_at > 0 && told[stop_at] == told[stop_at - 1]) ++within;
+    between_choices = result;
   }
-  EXPECT_GT(within, 0);
+  EXPECT_GT(within, 3);
+  EXPECT_EQ(between_choices.tested, pm_combinations(24, 12)) << "the last poll is behind the last choice";
+}
+
+TEST(ElementSearch, StoppedOnSeveralThreadsItHasWhatOneThreadHas) {
+  const auto elements = roots(24);
+  std::vector<OrderResult> alone;
+  for (std::size_t stop_at = 1; stop_at < 20; ++stop_at) alone.push_back(stopped_at(elements, 1, stop_at));
+  for (std::size_t stop_at = 1; stop_at < 8; ++stop_at) {
+    const OrderResult result = stopped_at(elements, 3, stop_at);
+    const auto same = std::find_if(alone.begin(), alone.end(),
+                                   [&](const OrderResult& one) { return one.tested == result.tested; });
+    ASSERT_NE(same, alone.end()) << stop_at;
+    EXPECT_EQ(result.sums, same->sums);
+    EXPECT_EQ(result.squares, same->squares);
+  }
+}
+
+/// A first choice that takes several polls is settled all the same.
+TEST(ElementSearch, SomethingIsSettledHoweverEarlyTheStop) {
+  const auto elements = roots(23);
+  const SearchedElements searched(elements, 12, both_kinds);
+  int polls = 0;
+  const OrderResult result =
+      search_by_element(searched, 11, 12, both_kinds, 2, [&](double) { return ++polls > 1; });
+  EXPECT_EQ(polls, 1);
+  EXPECT_TRUE(result.stopped);
+  EXPECT_EQ(result.tested, searched.all());
+  EXPECT_EQ(result.sums.size(), 6U);
 }
 
 TEST(ElementSearch, WhatThePollThrowsPassesOn) {
@@ -93,7 +122,7 @@ TEST(ElementSearch, EndsWhenNothingCanBeNearer) {
   EXPECT_EQ(result.tested, pm_combinations(24, 12));
   EXPECT_LT(last, result.tested / 100);
   ASSERT_EQ(result.sums.size(), 4U);
-  for (std::size_t i = 0; i < 4; ++i) EXPECT_EQ(result.sums[i].difference, static_cast<double>(i) / 4.0);
+  for (std::size_t i = 0; i < 4; ++i) EXPECT_EQ(result.sums[i].difference, static_cast<double>(i) / 8.0);
 }
 
 }  // namespace

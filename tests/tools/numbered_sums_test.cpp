@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <map>
+#include <random>
 #include <vector>
 
 namespace kov {
@@ -86,6 +87,46 @@ TEST(NumberedSums, KeepsTheFirstMetOfEqualSums) {
     std::vector<std::uint32_t> expected;
     for (const auto& [sum, numbers] : of_sum) expected.insert(expected.end(), numbers.begin(), numbers.end());
     EXPECT_EQ(sums.sorted().numbers, expected);
+  }
+}
+
+/// The members, their signs and the sum of every number, but for the order of equal rounded sums.
+std::map<std::uint32_t, double> by_number(const NumberedSums::List& list) {
+  std::map<std::uint32_t, double> all;
+  for (std::size_t i = 0; i < list.sums.size(); ++i) all[list.numbers[i]] = list.sums[i];
+  return all;
+}
+
+TEST(NumberedSums, OfEachSizeAreThoseOfOneSize) {
+  std::mt19937_64 random(7);
+  for (int i = 0; i < 300; ++i) {
+    const bool exact = i % 2 == 0;
+    std::vector<double> values(12);
+    for (double& value : values) {
+      value = exact ? std::uniform_int_distribution(-6, 6)(random) / 4.0
+                    : std::uniform_real_distribution(-1.0, 1.0)(random);
+    }
+    const std::uint32_t begin = std::uniform_int_distribution(0U, 6U)(random);
+    const ElementSpan span{begin, begin + std::uniform_int_distribution(1U, 6U)(random)};
+    const std::uint32_t most = std::uniform_int_distribution(0U, span.end - span.begin)(random);
+    const Signs signs = i % 3 == 0 ? Signs::plus : Signs::plus_and_minus;
+    const std::size_t kept = exact ? std::uniform_int_distribution<std::size_t>(0, 3)(random) : 0;
+    const auto all = NumberedSums::of_each_size(values, most, span, signs, kept);
+    ASSERT_EQ(all.size(), most + 1U);
+    for (std::uint32_t m = 0; m <= most; ++m) {
+      const NumberedSums one(values, m, span, signs, kept);
+      const NumberedSums::List& sorted = all[m].sorted();
+      EXPECT_EQ(all[m].members(), m);
+      EXPECT_TRUE(std::is_sorted(sorted.sums.begin(), sorted.sums.end()));
+      ASSERT_EQ(sorted.sums.size(), one.sorted().sums.size());
+      if (exact) {
+        EXPECT_EQ(sorted.sums, one.sorted().sums);
+        EXPECT_EQ(sorted.numbers, one.sorted().numbers);
+      } else {
+        const auto expected = by_number(one.sorted());
+        for (const auto& [number, sum] : by_number(sorted)) EXPECT_NEAR(sum, expected.at(number), 1e-14);
+      }
+    }
   }
 }
 
