@@ -5,9 +5,9 @@
 namespace kov {
 namespace {
 
-std::vector<NumberedSums> sums_of(const OrderTerms& terms, ElementSpan elements) {
-  const std::uint32_t most = std::min(terms.order(), elements.end - elements.begin);
-  return NumberedSums::of_each_size(terms.values(), most, elements, terms.signs(), terms.kept_of_equal());
+std::vector<NumberedSums> sums_of(const OrderTerms& of, ElementSpan elements) {
+  const std::uint32_t most = std::min(of.order(), elements.end - elements.begin);
+  return NumberedSums::of_each_size(of.values(), most, elements, of.signs(), of.kept_of_equal());
 }
 
 }  // namespace

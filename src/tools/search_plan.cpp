@@ -57,7 +57,7 @@ Cheapest cheapest_by_position(std::int64_t elements, int order) {
 
 /// Lists for every number of members are merged, over and over, out of those for fewer elements.
 double merging_of_halves(std::uint32_t elements, std::uint32_t order) {
-  constexpr double merging = 6.0;
+  constexpr double merging = 9.0;
   double sums = 0.0;
   for (std::uint32_t m = 0; m <= std::min(order, elements); ++m) {
     sums += pm_combinations(elements, static_cast<int>(m));
