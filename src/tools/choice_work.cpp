@@ -18,10 +18,10 @@ ChoiceWork::ChoiceWork(HalvedKinds kinds, const TopWalk::Choice& choice) {
   for (std::size_t i = 0; i < kinds.size(); ++i) {
     HalvedSums& kind = *kinds[i];
     if (kind.complete()) continue;
-    // A tie is left to the meetings to judge.
+    const bool ties_count = kind.best.ties_count(choice.number);
     const std::span<const PartialSum> partials =
-        kind.upper.sum_up(choice.members, [&kind](double sum, double reach) {
-          return kind.terms.tolerance().window(kind.bound.get(), true, sum, reach);
+        kind.upper.sum_up(choice.members, [&](double sum, double reach) {
+          return kind.terms.tolerance().window(kind.best.bound(), ties_count, sum, reach);
         });
     const std::uint32_t rest = kind.terms.order() - static_cast<std::uint32_t>(choice.members.size());
     const auto [fewest, most] = middle_members(rest, kind.halves.low_count(), kind.halves.middle_count());

@@ -90,13 +90,15 @@ TEST(ElementSearch, StoppedOnSeveralThreadsItHasWhatOneThreadHas) {
 TEST(ElementSearch, SomethingIsSettledHoweverEarlyTheStop) {
   const auto elements = roots(23);
   const SearchedElements searched(elements, 12, both_kinds);
-  int polls = 0;
-  const OrderResult result =
-      search_by_element(searched, 11, 12, both_kinds, 2, [&](double) { return ++polls > 1; });
-  EXPECT_EQ(polls, 1);
-  EXPECT_TRUE(result.stopped);
-  EXPECT_EQ(result.tested, searched.all());
-  EXPECT_EQ(result.sums.size(), 6U);
+  for (const unsigned threads : {1U, 2U}) {
+    int polls = 0;
+    const OrderResult result =
+        search_by_element(searched, 11, 12, both_kinds, threads, [&](double) { return ++polls > 1; });
+    EXPECT_EQ(polls, 1);
+    EXPECT_TRUE(result.stopped);
+    EXPECT_EQ(result.tested, searched.all());
+    EXPECT_EQ(result.sums.size(), 6U);
+  }
 }
 
 TEST(ElementSearch, WhatThePollThrowsPassesOn) {
