@@ -81,9 +81,12 @@ void consider_halves(std::int64_t elements, std::uint32_t order, std::uint32_t l
   const std::uint32_t fewest = order > low + middle ? order - low - middle : 0;
   const auto most = static_cast<std::uint32_t>(std::min<std::int64_t>(order, top));
   if (top > most_top_elements || most > most_signs) return;
+  // Each with all numbers of middle members.
+  constexpr double around_a_meeting = 500.0;
   double comparisons = 0.0;
   for (std::uint32_t above = fewest; above <= most; ++above) {
-    comparisons += pm_combinations(top, static_cast<int>(above)) * sums_that_meet(order - above, low, middle);
+    const double meetings = pm_combinations(top, static_cast<int>(above));
+    comparisons += meetings * (sums_that_meet(order - above, low, middle) + around_a_meeting);
   }
   cheapest.consider({.low = low, .middle = middle, .comparisons = comparisons},
                     merging_of_halves(low, order) + merging_of_halves(middle, order));

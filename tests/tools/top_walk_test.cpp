@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <string>
 
 #include "text/integers.h"
@@ -31,6 +32,31 @@ TEST(TopWalk, LeavesNoMoreMembersThanThereAreElementsBelow) {
 }
 
 TEST(TopWalk, TakesNoMoreThanTheOrder) { EXPECT_EQ(choices(TopWalk(6, 1, 3)), "0:\n1: 3\n2: 4\n4: 5\n"); }
+
+TEST(TopWalk, WalksOverFewChoicesOfALargeTop) {
+  TopWalk one(40, 1, 10);
+  for (std::uint64_t number : {0, 1, 2, 4, 8}) EXPECT_EQ(one.next()->number, number);
+  TopWalk all_but_one(40, 39, 10);
+  EXPECT_EQ(all_but_one.next()->number, (1U << 29) - 1U);
+  EXPECT_EQ(all_but_one.next()->number, (1U << 29) - 1U + (1U << 28));
+}
+
+/// All numbers, one by one.
+TEST(TopWalk, MissesNoChoice) {
+  for (std::uint32_t order = 1; order <= 12; ++order) {
+    for (std::uint32_t begin = 1; begin <= 12; ++begin) {
+      TopWalk walk(12, order, begin);
+      for (std::uint64_t number = 0; number < 1U << (12 - begin); ++number) {
+        const auto chosen = static_cast<std::uint32_t>(std::popcount(number));
+        if (chosen > order || order - chosen > begin) continue;
+        const auto choice = walk.next();
+        ASSERT_TRUE(choice.has_value());
+        EXPECT_EQ(choice->number, number);
+      }
+      EXPECT_FALSE(walk.next().has_value());
+    }
+  }
+}
 
 TEST(TopWalk, WithoutATopThereIsOneChoice) { EXPECT_EQ(choices(TopWalk(4, 2, 4)), "0:\n"); }
 
