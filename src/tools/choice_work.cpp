@@ -8,9 +8,9 @@
 namespace kov {
 
 HalvedSums::HalvedSums(std::vector<double> values, std::uint32_t order, std::uint32_t low,
-                       std::uint32_t middle, Signs signs, const CombRules& rules)
+                       std::uint32_t middle, Signs signs, const CombRules& rules, unsigned threads)
     : terms(std::move(values), order, signs, rules),
-      halves(terms, low, middle),
+      halves(terms, low, middle, threads),
       best(rules.nearest, rules.one_per_difference),
       upper(terms) {}
 

@@ -20,7 +20,7 @@ struct HalvedSums {
   PartialSums upper;
 
   HalvedSums(std::vector<double> values, std::uint32_t order, std::uint32_t low, std::uint32_t middle,
-             Signs signs, const CombRules& rules);
+             Signs signs, const CombRules& rules, unsigned threads);
 
   /// True when nothing behind the choices so far can enter.
   bool complete() const { return best.complete(terms.tolerance().step()); }

@@ -1,6 +1,7 @@
 #include "tools/element_halves.h"
 
 #include <algorithm>
+#include <future>
 
 namespace kov {
 namespace {
@@ -12,10 +13,16 @@ std::vector<NumberedSums> sums_of(const OrderTerms& of, ElementSpan elements) {
 
 }  // namespace
 
-ElementHalves::ElementHalves(const OrderTerms& terms, std::uint32_t low, std::uint32_t middle)
-    : low_count_(low),
-      middle_count_(middle),
-      low_(sums_of(terms, {.begin = 0, .end = low})),
-      middle_(sums_of(terms, {.begin = low, .end = low + middle})) {}
+ElementHalves::ElementHalves(const OrderTerms& terms, std::uint32_t low, std::uint32_t middle,
+                             unsigned threads)
+    : low_count_(low), middle_count_(middle) {
+  // Short lists are made sooner than a thread is started.
+  constexpr std::uint32_t worth_a_thread = 10;
+  const auto policy = threads > 1 && low >= worth_a_thread ? std::launch::async : std::launch::deferred;
+  auto making_middle =
+      std::async(policy, [&] { return sums_of(terms, {.begin = low, .end = low + middle}); });
+  low_ = sums_of(terms, {.begin = 0, .end = low});
+  middle_ = making_middle.get();
+}
 
 }  // namespace kov

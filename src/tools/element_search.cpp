@@ -65,8 +65,8 @@ HalvesSearch::HalvesSearch(const SearchedElements& elements, std::uint32_t low, 
                            const CombRules& rules, unsigned threads, const OrderPoll& poll)
     : rules_(rules), elements_(elements), halved_(low + middle), threads_(threads), poll_(poll) {
   const auto add_kind = [&](double CombElement::*value, Signs signs) {
-    kinds_.push_back(
-        std::make_unique<HalvedSums>(elements.values(value), elements.order(), low, middle, signs, rules));
+    kinds_.push_back(std::make_unique<HalvedSums>(elements.values(value), elements.order(), low, middle,
+                                                  signs, rules, threads));
   };
   add_kind(&CombElement::re, Signs::plus_and_minus);
   if (rules.squares) add_kind(&CombElement::square, Signs::plus);

@@ -11,8 +11,8 @@ struct Work {
 
   explicit Work(const CombRules& rules = {}) {
     const std::vector<double> values = {1.1, 1.2, 1.3, 0.9, 0.8, 1.0, 1.4, 0.7, 0.6};
-    kinds.push_back(std::make_unique<HalvedSums>(values, 4U, 3U, 3U, Signs::plus_and_minus, rules));
-    kinds.push_back(std::make_unique<HalvedSums>(values, 4U, 3U, 3U, Signs::plus, rules));
+    kinds.push_back(std::make_unique<HalvedSums>(values, 4U, 3U, 3U, Signs::plus_and_minus, rules, 1U));
+    kinds.push_back(std::make_unique<HalvedSums>(values, 4U, 3U, 3U, Signs::plus, rules, 1U));
   }
 };
 

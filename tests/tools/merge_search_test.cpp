@@ -10,7 +10,7 @@ constexpr CombRules nearest_two{.nearest = 2, .one_per_difference = false, .squa
 /// Elements 0, 1 are low, 2, 3 middle, 4, 5 the top.
 struct Meeting {
   OrderTerms terms{{2.0, 0.5, 1.0, -0.25, 4.0, 0.125}, 3, Signs::plus_and_minus, nearest_two};
-  ElementHalves halves{terms, 2, 2};
+  ElementHalves halves{terms, 2, 2, 1};
   SharedBound bound;
   BestMatches before{2, false};
   MergeSearch search{terms, halves, nearest_two, bound, before};
@@ -54,7 +54,7 @@ TEST(MergeSearch, LeavesOutWhatTheChoicesBeforeHaveBeaten) {
 
 TEST(MergeSearch, EqualSumsAreAllTested) {
   const OrderTerms terms({1.0 / 3.0, 1.0 / 3.0, 1.0 / 3.0, 1.0 / 3.0}, 2, Signs::plus_and_minus, {});
-  const ElementHalves halves(terms, 2, 2);
+  const ElementHalves halves(terms, 2, 2, 1);
   const CombRules many{.nearest = 100, .one_per_difference = false, .squares = false};
   SharedBound bound;
   const BestMatches none(100, false);
