@@ -11,11 +11,12 @@ namespace {
 /// They are sorted at once, within a fraction of a second.
 constexpr double most_half_sums = 1 << 21;
 /// The partial sums of one choice of members, with all signs, are held at once: 2^21.
-constexpr std::uint32_t most_signs = 21;
+constexpr int most_signs = 21;
 /// All sums of so many elements with all signs, 3^14, are 5 million.
 constexpr std::int64_t most_halved_elements = 14;
-/// Choices of the top elements are counted one by one.
 constexpr std::int64_t most_top_elements = 30;
+/// Of one choice of them. The first choice is not to be broken: 2^17 meetings are some seconds.
+constexpr std::uint32_t most_top_signs = 17;
 
 double comparisons_of(double half_sums) { return std::log2(half_sums) + 1.0; }
 
@@ -43,7 +44,7 @@ Cheapest cheapest_by_position(std::int64_t elements, int order) {
   // What is around a binary search.
   constexpr double around_a_search = 8.0;
   Cheapest cheapest;
-  for (int low = std::max(0, order - static_cast<int>(most_signs)); low < order; ++low) {
+  for (int low = std::max(0, order - most_signs); low < order; ++low) {
     const double half_sums = pm_combinations(elements - (order - low), low);
     if (half_sums > most_half_sums) continue;
     const double searches = pm_combinations(elements - low, order - low);
@@ -80,8 +81,7 @@ void consider_halves(std::int64_t elements, std::uint32_t order, std::uint32_t l
   const std::int64_t top = elements - low - middle;
   const std::uint32_t fewest = order > low + middle ? order - low - middle : 0;
   const auto most = static_cast<std::uint32_t>(std::min<std::int64_t>(order, top));
-  if (top > most_top_elements || most > most_signs) return;
-  // Each with all numbers of middle members.
+  if (top > most_top_elements || most > most_top_signs) return;
   constexpr double around_a_meeting = 500.0;
   double comparisons = 0.0;
   for (std::uint32_t above = fewest; above <= most; ++above) {
