@@ -24,7 +24,7 @@ struct Term {
 };
 
 // clang-format off
-constexpr std::array<Term, 6> terms{{
+constexpr std::array<Term, 6> products{{
     {.u = 0, .v = 5, .w = 7, .subtract = true},
     {.u = 0, .v = 4, .w = 8, .subtract = false},
     {.u = 1, .v = 5, .w = 6, .subtract = false},
@@ -80,7 +80,7 @@ void delete_w(Lmap& lmap, DisplayedWalk walk, Progress& progress) {
 
 void add_terms(const Lmap& lmap, const Lk& key, const cotyp& u, const CrossOffset& offset, Lmap& w) {
   const Lk v_key = shifted(key, offset);
-  for (const Term& term : terms) {
+  for (const Term& term : products) {
     if (term.u != key.l()) continue;
     const cotyp product = u * lmap.get(in_lattice(v_key, term.v));
     const Lk w_key = in_lattice(key, term.w);

@@ -13,15 +13,15 @@ std::vector<NumberedSums> sums_of(const OrderTerms& of, ElementSpan elements) {
 
 }  // namespace
 
-ElementHalves::ElementHalves(const OrderTerms& terms, std::uint32_t low, std::uint32_t middle,
+ElementHalves::ElementHalves(const OrderTerms& terms, std::uint32_t low_size, std::uint32_t middle_size,
                              unsigned threads)
-    : low_count_(low), middle_count_(middle) {
+    : low_count_(low_size), middle_count_(middle_size) {
   // Short lists are made sooner than a thread is started.
   constexpr std::uint32_t worth_a_thread = 10;
-  const auto policy = threads > 1 && low >= worth_a_thread ? std::launch::async : std::launch::deferred;
+  const auto policy = threads > 1 && low_size >= worth_a_thread ? std::launch::async : std::launch::deferred;
   auto making_middle =
-      std::async(policy, [&] { return sums_of(terms, {.begin = low, .end = low + middle}); });
-  low_ = sums_of(terms, {.begin = 0, .end = low});
+      std::async(policy, [&] { return sums_of(terms, {.begin = low_size, .end = low_size + middle_size}); });
+  low_ = sums_of(terms, {.begin = 0, .end = low_size});
   middle_ = making_middle.get();
 }
 

@@ -12,8 +12,9 @@ namespace kov {
 /// combinations of one order can have among them.
 class ElementHalves {
  public:
-  /// The first low elements and the next middle ones; on two threads both are made at the same time.
-  ElementHalves(const OrderTerms& terms, std::uint32_t low, std::uint32_t middle, unsigned threads);
+  /// The first low_size elements and the next middle_size ones; on two threads both are made at the same
+  /// time.
+  ElementHalves(const OrderTerms& terms, std::uint32_t low_size, std::uint32_t middle_size, unsigned threads);
 
   /// How many elements there are in both.
   std::uint32_t elements() const { return low_count_ + middle_count_; }
