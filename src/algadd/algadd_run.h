@@ -41,8 +41,8 @@ struct RunClock {
 /// done, Break is pressed, the memory limit is passed or an error ends the run. keep holds the ranges
 /// outside of which the modes 2 and 3 delete. Errors inside the step loop are reported, and the row
 /// under construction is deleted. What the dialog throws, the progress box when it opens, or the last message
-/// when it is made or shown (std::bad_alloc among them) escapes; the store then holds whole rows. Cost:
-/// O(points of the row x used entries x log) a step.
+/// when it is made or shown (std::bad_alloc among them) escapes; the store then holds whole rows. Cost of a
+/// step: O(points x entries that read them).
 ///
 /// Duration and steps of a run are kept in algadd.last_run, whatever ended it and whatever escapes. Gives
 /// true when the run changed or may have changed the store.

@@ -14,31 +14,27 @@
 
 namespace kov {
 
-// Exact integers and floating numbers side by side, when every exact part of factors and quantities is an integer:
-// doubles hold them all, and a bit for each part tells whether it is still exact. A double gives the bits of the
-// literal reading in both states, since an exact result within 32 bits is a double without rounding, and beyond
-// them the literal result is the product or sum of the doubles.
+// Exact integers and floating numbers side by side, when every exact part of factors and quantities is an
+// integer: doubles hold them all, and a bit for each part tells whether it is still exact. A double gives the
+// bits of the literal reading in both states, since an exact result within 32 bits is a double without
+// rounding, and beyond them the literal result is the product or sum of the doubles.
 
 /// The states of both parts: bit 0 is set while the real part is exact, bit 1 while the imaginary part is.
 using PartStates = std::uint8_t;
 inline constexpr PartStates both_exact = 3;
 
 inline PartStates states_of(const cotyp& q) {
-  return static_cast<PartStates>(static_cast<unsigned>(q.re.exact()) |
-                                 static_cast<unsigned>(q.im.exact()) << 1U);
+  return static_cast<PartStates>(static_cast<unsigned>(q.re.exact()) | static_cast<unsigned>(q.im.exact())
+                                                                           << 1U);
 }
 
-/// 1 when an integer that a product of exact numbers gives is in the exact range, else 0.
+/// 1 when an integer is in the exact range, else 0.
 KOV_INLINE inline unsigned within_exact_range(double x) {
   return static_cast<unsigned>(x >= double{nu_min_int}) & static_cast<unsigned>(x <= double{nu_max_int});
 }
 
-/// The same for the sum of a and b. A sum with 0 is not tested against the range, which the negative of the
-/// smallest number is beyond.
-KOV_INLINE inline unsigned sum_within_exact_range(double sum, double a, double b) {
-  const unsigned untested = static_cast<unsigned>(sum == double{nu_max_int} + 1.0) &
-                            (static_cast<unsigned>(a == 0.0) | static_cast<unsigned>(b == 0.0));
-  return within_exact_range(sum) | untested;
+KOV_INLINE inline unsigned not_above_exact_range(double x) {
+  return static_cast<unsigned>(x <= double{nu_max_int});
 }
 
 /// The quantities of a block as doubles with states.
@@ -86,7 +82,7 @@ struct CountedRealArithmetic {
   KOV_INLINE static void add(Sum& sum, const Sum& product) {
     const unsigned before = sum.re == 0.0 ? both_exact : sum.states;
     const double re = sum.re + product.re;
-    const unsigned in_range = 2U | sum_within_exact_range(re, sum.re, product.re);
+    const unsigned in_range = 2U | within_exact_range(re);
     sum = {re, static_cast<PartStates>(before & product.states & in_range)};
   }
   static std::pair<Column, Column> columns(std::span<const Sum> sums);
@@ -124,18 +120,22 @@ struct CountedComplexArithmetic {
     const double re = t2 - t1;
     const double im = t3 + t4;
     const bool exact = (p.states & q.states[i]) == both_exact;
-    const unsigned re_exact =
-        within_exact_range(t1) & within_exact_range(t2) & sum_within_exact_range(re, t2, t1);
+    // A difference from 0 is not tested against the range, which the negative of its smallest number is
+    // beyond.
+    const unsigned difference_exact = within_exact_range(re) | static_cast<unsigned>(t2 == 0.0);
+    const unsigned re_exact = within_exact_range(t1) & within_exact_range(t2) & difference_exact;
     const unsigned im_exact = within_exact_range(t3) & within_exact_range(t4) & within_exact_range(im);
     return {re, im, static_cast<PartStates>(exact ? re_exact | im_exact << 1U : 0U)};
   }
   KOV_INLINE static void add(Sum& sum, const Sum& product) {
-    const unsigned before = is_absent(sum) ? both_exact : sum.states;
     const double re = sum.re + product.re;
     const double im = sum.im + product.im;
-    const unsigned in_range = sum_within_exact_range(re, sum.re, product.re) |
-                              sum_within_exact_range(im, sum.im, product.im) << 1U;
-    sum = {re, im, static_cast<PartStates>(before & product.states & in_range)};
+    // Of the parts of exact products only the real one can be above the range: then no sum with it is exact.
+    const unsigned re_exact =
+        within_exact_range(re) & not_above_exact_range(sum.re) & not_above_exact_range(product.re);
+    const unsigned in_range = re_exact | within_exact_range(im) << 1U;
+    const unsigned before = is_absent(sum) ? both_exact : sum.states & in_range;
+    sum = {re, im, static_cast<PartStates>(before & product.states)};
   }
   static std::pair<Column, Column> columns(std::span<const Sum> sums);
 };
