@@ -35,7 +35,7 @@ TEST(TopWalk, TakesNoMoreThanTheOrder) { EXPECT_EQ(choices(TopWalk(6, 1, 3)), "0
 
 TEST(TopWalk, WalksOverFewChoicesOfALargeTop) {
   TopWalk one(40, 1, 10);
-  for (std::uint64_t number : {0, 1, 2, 4, 8}) EXPECT_EQ(one.next()->number, number);
+  for (std::uint64_t number : {0U, 1U, 2U, 4U, 8U}) EXPECT_EQ(one.next()->number, number);
   TopWalk all_but_one(40, 39, 10);
   EXPECT_EQ(all_but_one.next()->number, (1U << 29) - 1U);
   EXPECT_EQ(all_but_one.next()->number, (1U << 29) - 1U + (1U << 28));
