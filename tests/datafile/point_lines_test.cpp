@@ -30,7 +30,7 @@ std::string plain_lines(const Lmap& lmap) {
 /// By rows; ends behind the last point that is asked for.
 std::string lines_by_rows(const Lmap& lmap, std::int64_t last = INT64_MAX) {
   std::string text;
-  TextBuffer out([&text](std::string_view block) { text += block; });
+  TextBuffer out([&text](std::string_view part) { text += part; });
   std::int64_t points = 0;
   std::int64_t expected = 0;
   for (const Row& row : lmap.rows()) {
