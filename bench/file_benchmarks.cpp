@@ -39,14 +39,28 @@ class TemporaryFolder {
   std::filesystem::path path_;
 };
 
-/// A square of points in the plane with floating quantities, as a walk leaves them.
-Lmap plane_row(std::int32_t side) {
+/// What the quantities of a file are.
+struct Kind {
+  std::string name;
+  cotyp (*quantity)(std::int32_t i);
+};
+
+/// All kinds that a run leaves; i counts the points.
+const std::array kinds = {
+    Kind{"integers", [](std::int32_t i) { return cotyp(i % 2003 - 1001 + (i % 2003 == 1001 ? 1 : 0)); }},
+    Kind{"fractions", [](std::int32_t i) { return cotyp(1 + i % 30011, 30030, 0, 1); }},
+    Kind{"floating", [](std::int32_t i) { return cotyp::floating(1.0 / (1 + i), 0.0); }},
+    Kind{"complex", [](std::int32_t i) { return cotyp::floating(1.0 / (1 + i), -3.7e-9 * (1 + i)); }},
+};
+
+/// A square of points in the plane.
+Lmap plane_row(std::int32_t side, const Kind& kind) {
   Lmap row;
   for (std::int32_t k1 = 0; k1 < side; ++k1) {
-    Lk key = Lk::at(0, 200, k1);
+    Lk key = Lk::at(0, 200, k1 - side / 2);
     for (std::int32_t k2 = 0; k2 < side; ++k2) {
-      key.coo[2] = k2;
-      row.set(key, cotyp::floating(1.0 / (1 + k1 * side + k2), 0.0));
+      key.coo[2] = k2 - side / 2;
+      row.set(key, kind.quantity(k1 * side + k2));
     }
   }
   return row;
@@ -59,9 +73,9 @@ struct FileCase {
   TemporaryFolder folder;
   std::filesystem::path path = folder / "plane.aa1";
 
-  explicit FileCase(Scale scale) {
+  FileCase(Scale scale, const Kind& kind) {
     document.cph.InitPrgPar(WindowFacts{});
-    document.lmap = plane_row(scale == Scale::full ? 500 : 10);
+    document.lmap = plane_row(scale == Scale::full ? 1000 : 10, kind);
     write();
   }
 
@@ -100,17 +114,19 @@ void measure(benchmark::State& state, const FileCase& file, const Operation& ope
 }  // namespace
 
 void register_file_benchmarks(Scale scale) {
-  const auto file = std::make_shared<FileCase>(scale);
-  const auto add = [&](const std::string& name, void (FileCase::*operation)()) {
-    benchmark::RegisterBenchmark((name + file->size_text()).c_str(),
-                                 [file, operation](benchmark::State& state) {
-                                   measure(state, *file, [&] { ((*file).*operation)(); });
-                                 })
-        ->UseManualTime()
-        ->MinTime(seconds_per_benchmark(scale));
-  };
-  add("write a data file", &FileCase::write);
-  add("read a data file", &FileCase::read);
+  for (const Kind& kind : kinds) {
+    const auto file = std::make_shared<FileCase>(scale, kind);
+    const auto add = [&](const std::string& action, void (FileCase::*operation)()) {
+      benchmark::RegisterBenchmark((action + " a data file, " + kind.name + file->size_text()).c_str(),
+                                   [file, operation](benchmark::State& state) {
+                                     measure(state, *file, [&] { ((*file).*operation)(); });
+                                   })
+          ->UseManualTime()
+          ->MinTime(seconds_per_benchmark(scale));
+    };
+    add("write", &FileCase::write);
+    add("read", &FileCase::read);
+  }
 }
 
 }  // namespace kov

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <numeric>
 
 #include "algadd/finished_columns.h"
 #include "numbers/checked_integer.h"
@@ -16,7 +15,7 @@ bool in_exact_range(std::int64_t x) { return x >= nu_min_int && x <= nu_max_int;
 // Most often one of them is 1.
 std::uint32_t divisor_of(std::int64_t a, std::int64_t b) {
   if (a == 1 || b == 1) return 1;
-  return std::gcd(magnitude(static_cast<std::int32_t>(a)), magnitude(static_cast<std::int32_t>(b)));
+  return gcd(static_cast<std::int32_t>(a), static_cast<std::int32_t>(b));
 }
 
 // The fraction, or nothing where ratyp would go over to floating: out is then as it was.

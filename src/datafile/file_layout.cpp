@@ -163,12 +163,8 @@ bool put_points(TextBuffer& out, const Document& document, const AfterPoint& aft
   out.line(";the following ", lmap.count(), " lines contain all non-zero quantities of the lattices");
   out.line(";in the table order: l, n=coo[0], coo[1] ... coo[", MaxDimCount - 2, "] quantity");
   std::int64_t points = 0;
-  for (auto place = lmap.begin(); place != lmap.end(); ++place) {
-    out.put(key);
-    out.put(' ');
-    put_listed(out, place.key());
-    out.line(to_text(place.quantity()));
-    if (!after_point(++points)) return false;
+  for (const Row& row : lmap.rows()) {
+    if (!put_point_lines(out, key, row, points, after_point)) return false;
   }
   return true;
 }

@@ -1,10 +1,9 @@
 #pragma once
 
-#include <cstdint>
-#include <functional>
 #include <string>
 
 #include "datafile/document.h"
+#include "datafile/point_lines.h"
 #include "datafile/text_buffer.h"
 #include "datafile/writer.h"
 
@@ -16,9 +15,6 @@ struct FileHead {
   std::string date_time;
   WithLattices lattices = WithLattices::yes;
 };
-
-/// Called after each point with the number of points written so far; false ends the writing.
-using AfterPoint = std::function<bool(std::int64_t points)>;
 
 /// Puts the whole data file into out, block by block in the one order in which it is written. False
 /// when after_point ended it. Does not flush.

@@ -12,10 +12,21 @@ constexpr char comment_quote = '"';
 }  // namespace
 
 LineReader::LineReader(Document& document, std::int32_t nelast, bool file_chosen)
-    : document_(document), nelast_(nelast), file_chosen_(file_chosen) {}
+    : document_(document),
+      nelast_(nelast),
+      file_chosen_(file_chosen),
+      point_key_(document.cph.e_l),
+      points_(document.lmap) {}
 
 std::string LineReader::read_line(std::string_view line, LineResult& result) {
   result = LineResult::other;
+  if (nelast_ != configuration_only && line.starts_with(point_key_)) {
+    Lk key;
+    cotyp quantity;
+    if (scan_written_point(line.substr(point_key_.size()), key, quantity)) {
+      return take_point(key, quantity, result);
+    }
+  }
   if (line.empty() || line.front() == document_.cph.comment_character) return {};
   const bool whole_file = nelast_ != configuration_only;
   if (line.front() == comment_quote) {
@@ -65,12 +76,16 @@ std::string LineReader::read_point(Tokens& fields, LineResult& result) {
     return message;
   }
   if (is_zero(quantity)) return "entry_lattice: NullQuantity input is redundant";
+  return take_point(point.key, quantity, result);
+}
+
+std::string LineReader::take_point(const Lk& key, const cotyp& quantity, LineResult& result) {
   // No stored point lies beyond nelast, so such a point cannot meet an occupied place.
-  if (point.key.n() > nelast_) {
+  if (key.n() > nelast_) {
     result = LineResult::stop;
     return {};
   }
-  if (!document_.lmap.insert_new(point.key, quantity)) return "entry_lattice: coordinate already occupied";
+  if (!points_.insert(key, quantity)) return "entry_lattice: coordinate already occupied";
   result = LineResult::point;
   return {};
 }

@@ -140,6 +140,7 @@ ReadOutcome read_opened_file(OpenedDataFile&& file, Document& document, CurrentF
   try {
     LineReader reader(document, nelast, current.chosen);
     completed = ReadLoop(file.lines, reader, file.name, document.cph, user).run();
+    if (completed) reader.finish();
   } catch (const file_error& error) {
     user.messages.error(error.what());
   } catch (...) {

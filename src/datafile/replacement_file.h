@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <string_view>
 
@@ -36,11 +37,16 @@ class ReplacementFile {
 
   void create();
   void take_permissions_of_old_file();
+  /// Has the disk write while the text still comes.
+  void begin_flushing();
   void flush_folder() const;
 
   std::filesystem::path target_;
   TemporaryName temporary_;
   UniqueFd file_;
+  /// Characters written, and how many of them the disk was asked to take already.
+  std::int64_t written_ = 0;
+  std::int64_t flushing_ = 0;
 };
 
 }  // namespace kov

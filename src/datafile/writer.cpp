@@ -24,11 +24,13 @@ class SaveProgress {
         name_(std::move(name)),
         total_(static_cast<std::int64_t>(document.lmap.count())),
         points_per_display_(points_per_display(document.cph)),
+        next_display_(points_per_display_),
         box_(progress, 0, total_) {}
 
   bool after_point(std::int64_t points) {
     ++points_since_check_;
-    if (points % points_per_display_ == 0) {
+    if (points == next_display_) {
+      next_display_ += points_per_display_;
       box_.at(points);
       progress_.headline("lattice point " + int_text(points) + " of " + int_text(total_) + " saved to " +
                          name_);
@@ -44,6 +46,7 @@ class SaveProgress {
   const std::string name_;
   const std::int64_t total_;
   const std::int64_t points_per_display_;
+  std::int64_t next_display_;
   ProgressBox box_;
   std::int64_t points_since_check_ = 0;
 };

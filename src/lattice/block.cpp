@@ -28,12 +28,8 @@ std::vector<std::uint32_t> offsets_of(std::span<const std::uint64_t> keys) {
 }  // namespace
 
 Block::Block(std::span<const std::uint64_t> keys, Column re, Column im)
-    : base_(keys.front()), re_(std::move(re)), im_(std::move(im)) {
-  if (keys.back() - keys.front() <= largest_offset) {
-    keys_ = offsets_of(keys);
-  } else {
-    keys_ = std::vector<std::uint64_t>(keys.begin(), keys.end());
-  }
+    : re_(std::move(re)), im_(std::move(im)) {
+  set_keys(keys);
 }
 
 Block::Block(std::uint64_t base, std::span<const std::uint32_t> offsets, Column re, Column im)
@@ -150,6 +146,17 @@ void Block::set(std::size_t i, const cotyp& q) {
   re_.set(i, q.re);
   im_.set(i, q.im);
 }
+
+void Block::set_keys(std::span<const std::uint64_t> keys) {
+  if (keys.back() - keys.front() <= largest_offset) {
+    keys_ = offsets_of(keys);
+  } else {
+    keys_ = std::vector<std::uint64_t>(keys.begin(), keys.end());
+  }
+  base_ = keys.front();
+}
+
+void Block::set_keys(std::span<const Lk> keys) { keys_ = std::vector<Lk>(keys.begin(), keys.end()); }
 
 void Block::set_columns(Column re, Column im) noexcept {
   re_ = std::move(re);

@@ -73,6 +73,10 @@ class Block {
   void insert(std::size_t i, std::uint64_t key, const cotyp& q);
   void insert(std::size_t i, const Lk& key, const cotyp& q);
   void set(std::size_t i, const cotyp& q);
+  /// The same points get other keys, size() ascending ones: packed ones, or whole ones of a row without
+  /// frame.
+  void set_keys(std::span<const std::uint64_t> keys);
+  void set_keys(std::span<const Lk> keys);
   /// The columns have size() parts.
   void set_columns(Column re, Column im) noexcept;
   void erase(std::size_t i) noexcept { erase(i, 1); }

@@ -112,17 +112,18 @@ Column Column::of(std::span<const ratyp> parts) {
 
 Column Column::exact_of(std::span<const ratyp> parts) {
   if (std::all_of(parts.begin(), parts.end(), is_exact_zero)) return zero(parts.size());
-  Column column = zero(parts.size());
-  column.form_ = PartForm::fractions;
   if (const auto denominator = common_denominator(parts)) {
-    column.form_ = PartForm::integers;
-    column.denominator_ = *denominator;
-    column.parts_.emplace<std::vector<std::int32_t>>(parts.size());
-  } else {
-    column.parts_.emplace<std::vector<Fraction32>>(parts.size());
+    std::vector<std::int32_t> numerators(parts.size());
+    std::transform(parts.begin(), parts.end(), numerators.begin(), [&](const ratyp& part) {
+      return *denominator == 1 ? part.nu() : part.nu() * (*denominator / part.de());
+    });
+    return integers(numerators, *denominator);
   }
-  for (std::size_t i = 0; i < parts.size(); ++i) column.set(i, parts[i]);
-  return column;
+  std::vector<Fraction32> reduced(parts.size());
+  std::transform(parts.begin(), parts.end(), reduced.begin(), [](const ratyp& part) {
+    return Fraction32{part.nu(), part.de()};
+  });
+  return fractions(reduced);
 }
 
 Column Column::mixed_of(std::span<const ratyp> parts) {

@@ -88,6 +88,7 @@ class Row {
 
  private:
   friend class RowBuilder;
+  friend class RowGatherer;
 
   /// Puts the block behind the last one; box is that of its points.
   void append(Block&& block, const KeyBox& box);

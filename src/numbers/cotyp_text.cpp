@@ -1,6 +1,8 @@
+#include <array>
 #include <cstdint>
 
 #include "numbers/cotyp.h"
+#include "numbers/put_text.h"
 #include "text/tokens.h"
 
 namespace kov {
@@ -9,7 +11,7 @@ namespace {
 
 bool is_sign(char c) { return c == '+' || c == '-'; }
 
-/// The shape of all texts of quantities; part_text writes one part.
+/// The shape of all texts of quantities, as put_text gives it; part_text writes one part.
 template <class PartText>
 std::string quantity_text(const cotyp& q, PartText part_text) {
   if (q.im == 0) return part_text(q.re);
@@ -44,7 +46,8 @@ bool parts_from_text(std::string_view text, cotyp& q) {
 }  // namespace
 
 std::string to_text(const cotyp& q) {
-  return quantity_text(q, [](const ratyp& part) { return to_text(part); });
+  std::array<char, longest_quantity_text> text;
+  return {text.data(), put_text(text.data(), q)};
 }
 
 std::string to_text_short(const cotyp& q, int width) {

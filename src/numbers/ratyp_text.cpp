@@ -1,15 +1,15 @@
 #include <algorithm>
+#include <array>
 #include <cstdint>
 
 #include "numbers/floating_text.h"
+#include "numbers/put_text.h"
 #include "numbers/ratyp.h"
 #include "text/integers.h"
 
 namespace kov {
 
 namespace {
-
-constexpr int full_digits = 15;
 
 bool fraction_from_text(std::string_view nu_text, std::string_view de_text, ratyp& q) {
   const auto nu = parse_int32(nu_text);
@@ -22,9 +22,8 @@ bool fraction_from_text(std::string_view nu_text, std::string_view de_text, raty
 }  // namespace
 
 std::string to_text(const ratyp& q) {
-  if (!q.exact()) return floating_text(q.fl(), full_digits);
-  if (q.de() == 1) return int_text(q.nu());
-  return int_text(q.nu()) + "/" + int_text(q.de());
+  std::array<char, longest_part_text> text;
+  return {text.data(), put_text(text.data(), q)};
 }
 
 std::string to_text_short(const ratyp& q, int width) {

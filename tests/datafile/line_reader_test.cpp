@@ -237,6 +237,7 @@ TEST(LineReader, StoresPointsUpToTheLastStepAndStopsBehindIt) {
   EXPECT_EQ(result, LineResult::stop);
   EXPECT_EQ(reader.read_line(point_line(0, -1, 0, "2"), result), "");
   EXPECT_EQ(result, LineResult::point);
+  reader.finish();
   EXPECT_EQ(points_text(desk.document.lmap), "0 -1: 2\n0 3 5: 1/2 3/4i\n");
 }
 

@@ -52,5 +52,20 @@ TEST(TextBuffer, HandsOnBlocksThatAreNeverLargerThanOneUnlessAPieceIs) {
   EXPECT_EQ(text, expected + large);
 }
 
+TEST(TextBuffer, GivesRoomInWhichATextIsPutByHand) {
+  std::string text;
+  std::string expected;
+  TextBuffer out([&text](std::string_view part) { text += part; });
+  for (int i = 0; i < 100'000; ++i) {
+    const std::string piece(static_cast<std::size_t>(i % 40), static_cast<char>('a' + i % 26));
+    char* const at = out.room_for(64);
+    out.put_until(at + piece.copy(at, piece.size()));
+    out.put('|');
+    expected += piece + "|";
+  }
+  out.flush();
+  EXPECT_EQ(text, expected);
+}
+
 }  // namespace
 }  // namespace kov
