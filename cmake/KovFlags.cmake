@@ -19,11 +19,6 @@ if(KOV_SANITIZE)
   target_compile_options(kov_flags INTERFACE
     -fsanitize=${KOV_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(kov_flags INTERFACE -fsanitize=${KOV_SANITIZE})
-  if(KOV_SANITIZE STREQUAL "thread" AND CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
-    # The operator new of this runtime cannot be replaced, and tests bring their own, which fails on demand. Without
-    # it memory comes from malloc, which the sanitizer watches just as well.
-    target_link_options(kov_flags INTERFACE -fno-sanitize-link-c++-runtime)
-  endif()
 endif()
 
 set(CMAKE_CXX_EXTENSIONS OFF)

@@ -33,6 +33,20 @@ PartFacts facts_of(const ratyp& part) {
   return facts;
 }
 
+PartFacts merged(const PartFacts& a, const PartFacts& b) {
+  return {a.integers || b.integers, a.fractions || b.fractions, a.doubles || b.doubles,
+          a.floating || b.floating};
+}
+
+// The imaginary parts of real numbers are zeros of both states as soon as the numbers are mixed.
+PartFacts facts_of_each(const Column& column) {
+  PartFacts facts{.floating = true};
+  for (std::size_t i = 0; i < column.size() && !(facts.fractions && facts.doubles); ++i) {
+    facts = merged(facts, facts_of(column.get(i)));
+  }
+  return facts;
+}
+
 PartFacts facts_of(const Column& column) {
   switch (column.form()) {
     case PartForm::zero:
@@ -48,17 +62,7 @@ PartFacts facts_of(const Column& column) {
     case PartForm::mixed:
       break;
   }
-  bool fractions = false;
-  for (std::size_t i = 0; i < column.size() && !fractions; ++i) {
-    const ratyp part = column.get(i);
-    fractions = part.exact() && part.de() != 1;
-  }
-  return {.integers = true, .fractions = fractions, .doubles = true, .floating = true};
-}
-
-PartFacts merged(const PartFacts& a, const PartFacts& b) {
-  return {a.integers || b.integers, a.fractions || b.fractions, a.doubles || b.doubles,
-          a.floating || b.floating};
+  return facts_of_each(column);
 }
 
 /// What is known of all factors, or of all quantities that the terms read.
@@ -98,8 +102,7 @@ NumberFacts facts_of_quantities(const StepPlan& plan) {
   for_each_block(plan, [&](const Block& block) {
     facts.re = merged(facts.re, facts_of(block.re()));
     facts.im = merged(facts.im, facts_of(block.im()));
-    facts.each_floating =
-        facts.each_floating && (is_all_floating(block.re()) || is_all_floating(block.im()));
+    facts.each_floating = facts.each_floating && (is_all_floating(block.re()) || is_all_floating(block.im()));
   });
   return facts;
 }
@@ -175,7 +178,8 @@ std::optional<IntegerNumbers> integers_that_stay_exact(const StepPlan& plan) {
   CommonDenominator factors;
   bool integers = true;
   for_each_block(plan, [&](const Block& block) {
-    integers = integers && block.re().form() != PartForm::fractions && block.im().form() != PartForm::fractions;
+    integers =
+        integers && block.re().form() != PartForm::fractions && block.im().form() != PartForm::fractions;
     sources.add(block.re().denominator());
     sources.add(block.im().denominator());
   });
