@@ -1,56 +1,52 @@
 #include <benchmark/benchmark.h>
-#include <malloc.h>
 
+#include <array>
 #include <memory>
 
 #include "algadd/delete_smallest.h"
 #include "bench/benchmarks.h"
-#include "bench/figures.h"
 #include "bench/silent_user.h"
 #include "bench/stopwatch.h"
 #include "bench/workloads.h"
 #include "sums/range_sums.h"
 #include "sums/range_table.h"
-#include "support/literal_step.h"
 #include "text/integers.h"
 
 namespace kov {
 namespace {
 
-/// Bytes that the allocator has handed out, its own book-keeping included.
-std::size_t heap_bytes() {
-  const struct mallinfo2 info = mallinfo2();
-  return info.uordblks + info.hblkhd;
+using Ranges = std::array<KeyBox, 2>;
+
+Ranges everything() {
+  const KeyBox all{Lk::filled(lowest_int), Lk::filled(highest_int)};
+  return {all, all};
 }
 
-// The heap that a store of so many points takes, for each point.
-template <class Make>
-void bytes_per_point(benchmark::State& state, std::int32_t points, const Make& make) {
-  double bytes = 0.0;
-  for ([[maybe_unused]] auto iteration : state) {
-    const std::size_t before = heap_bytes();
-    const auto store = make(points);
-    bytes = static_cast<double>(heap_bytes() - before);
-    benchmark::DoNotOptimize(&store);
+/// All of one step.
+Ranges row_only(std::int32_t n) {
+  Ranges ranges = everything();
+  for (KeyBox& range : ranges) range.min.coo[0] = range.max.coo[0] = n;
+  return ranges;
+}
+
+/// So many steps with a square of points each.
+Lmap steps_of_squares(std::int32_t steps, std::int32_t side) {
+  Lmap store;
+  for (std::int32_t n = 0; n < steps; ++n) {
+    Lmap square = integer_square(side);
+    square.shift_steps(n);
+    store.merge_new(square);
   }
-  state.counters["bytes/point"] = bytes / points;
+  return store;
 }
 
-LiteralStore literal_line(std::int32_t count) {
-  LiteralStore line;
-  for (std::int32_t k1 = 0; k1 < count; ++k1) line.emplace_hint(line.end(), Lk::at(0, 0, k1), 1);
-  return line;
-}
-
-void sum_up(benchmark::State& state, const Lmap& lmap) {
+void sum_up(benchmark::State& state, const Lmap& lmap, const Ranges& ranges) {
   SilentUser user;
   FastestTime time;
   for ([[maybe_unused]] auto iteration : state) {
-    time.measure(state, [&] {
-      benchmark::DoNotOptimize(sum_ranges(lmap, RangeTable::default_ranges(), 10000, user.progress()));
-    });
+    time.measure(state, [&] { benchmark::DoNotOptimize(sum_ranges(lmap, ranges, 10000, user.progress())); });
   }
-  state.counters["points/s"] = static_cast<double>(lmap.count()) / time.seconds();
+  state.counters["M points/s"] = 1e-6 * static_cast<double>(lmap.count()) / time.seconds();
 }
 
 void delete_smallest(benchmark::State& state, const Lmap& lmap) {
@@ -67,23 +63,19 @@ void delete_smallest(benchmark::State& state, const Lmap& lmap) {
 }  // namespace
 
 void register_store_benchmarks(Scale scale) {
-  const std::int32_t points = scale == Scale::full ? 1000000 : 1000;
-  const std::string size = ", " + int_text(points) + " points";
-  const auto line = std::make_shared<const Lmap>(integer_line(points));
+  const std::int32_t side = scale == Scale::full ? 1000 : 30;
+  const std::string size = ", " + int_text(side * side) + " points";
   const auto add = [scale](const std::string& name, auto run) {
-    return benchmark::RegisterBenchmark(name.c_str(), run)
-        ->UseManualTime()
-        ->MinTime(seconds_per_benchmark(scale));
+    benchmark::RegisterBenchmark(name.c_str(), run)->UseManualTime()->MinTime(seconds_per_benchmark(scale));
   };
-  const std::string memory = "memory of a stored point" + size;
-  benchmark::RegisterBenchmark(memory.c_str(), [points](benchmark::State& state) {
-    bytes_per_point(state, points, integer_line);
-  })->Iterations(1);
-  benchmark::RegisterBenchmark(literal_name(memory).c_str(), [points](benchmark::State& state) {
-    bytes_per_point(state, points, literal_line);
-  })->Iterations(1);
-  add("Sums1" + size, [line](benchmark::State& state) { sum_up(state, *line); });
-  add("delete smallest" + size, [line](benchmark::State& state) { delete_smallest(state, *line); });
+  const auto integers = std::make_shared<const Lmap>(integer_square(side));
+  const auto floating = std::make_shared<const Lmap>(floating_square(side));
+  const auto rows = std::make_shared<const Lmap>(steps_of_squares(100, side / 10));
+  add("Sums1, integers inside" + size, [integers](auto& state) { sum_up(state, *integers, everything()); });
+  add("Sums1, floating inside" + size, [floating](auto& state) { sum_up(state, *floating, everything()); });
+  add("Sums1, 1 row of 100 inside" + size, [rows](auto& state) { sum_up(state, *rows, row_only(50)); });
+  add("delete smallest, integers" + size, [integers](auto& state) { delete_smallest(state, *integers); });
+  add("delete smallest, floating" + size, [floating](auto& state) { delete_smallest(state, *floating); });
 }
 
 }  // namespace kov
