@@ -2,21 +2,30 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 
 #if defined(__x86_64__)
 #include <immintrin.h>
 #endif
 
 #include "algadd/step_arithmetic.h"
-#include "algadd/vector_dispatch.h"
+#include "numbers/vector_dispatch.h"
 
 namespace kov {
 
-/// Writes to found the indices, below count, of the cells that hold a point, ascending; gives their number. found
-/// has room for count + 16. One branchless store a cell, and vectors of cells on processors that can
-/// compress a vector.
+/// Cells that are looked at together: a touched cell marks its line.
+inline constexpr std::size_t cells_of_line = 16;
+
+/// Writes to found the indices of the cells that hold a point, ascending, and gives their number. found has room
+/// for count + cells_of_line, and cells beyond count, up to a whole line, can be read. Vectors of cells on
+/// processors that can compress a vector, one branchless store a cell on others.
 template <class Sum>
 std::size_t find_present(const Sum* cells, std::size_t count, std::uint32_t* found);
+
+/// The same for cells of which only the lines with a mark hold points. Takes the marks away.
+template <class Sum>
+std::size_t find_present_in_lines(const Sum* cells, std::uint8_t* marks, std::size_t line_count,
+                                  std::uint32_t* found);
 
 template <class Sum>
 KOV_INLINE inline std::size_t find_present_from(std::size_t first, const Sum* cells, std::size_t count,
@@ -26,6 +35,20 @@ KOV_INLINE inline std::size_t find_present_from(std::size_t first, const Sum* ce
     present += static_cast<std::size_t>(!is_absent(cells[i]));
   }
   return present;
+}
+
+/// f(i) for every marks[i] that is not 0, ascending; takes the mark away. count is a multiple of 8.
+template <class Function>
+KOV_INLINE inline void for_each_mark(std::uint8_t* marks, std::size_t count, const Function& f) {
+  for (std::size_t i = 0; i < count; i += 8) {
+    std::uint64_t word = 0;
+    std::memcpy(&word, marks + i, sizeof word);
+    if (word == 0) continue;
+    for (std::size_t k = 0; k < 8; ++k) {
+      if (marks[i + k] != 0) f(i + k);
+      marks[i + k] = 0;
+    }
+  }
 }
 
 #if defined(__x86_64__)
@@ -71,36 +94,62 @@ __attribute__((target("avx512f,avx512vl,avx512dq,avx512bw"))) inline __mmask16 p
 }
 
 template <class Sum>
+__attribute__((target("avx512f,avx512vl,avx512dq,avx512bw"))) inline std::size_t find_present_in_line(
+    const Sum* cells, std::size_t line, std::uint32_t* found, std::size_t present) {
+  const std::size_t first = line * cells_of_line;
+  const __mmask16 mask = present_of_16(cells + first);
+  const __m512i steps = _mm512_set_epi32(15, 14, 13, 12, 11, 10, 9, 8, 7, 6, 5, 4, 3, 2, 1, 0);
+  const __m512i indices = _mm512_add_epi32(steps, _mm512_set1_epi32(static_cast<int>(first)));
+  _mm512_storeu_si512(found + present, _mm512_maskz_compress_epi32(mask, indices));
+  return present + static_cast<std::size_t>(__builtin_popcount(mask));
+}
+
+template <class Sum>
 __attribute__((target("avx512f,avx512vl,avx512dq,avx512bw"))) std::size_t find_present_avx512(
     const Sum* cells, std::size_t count, std::uint32_t* found) {
   std::size_t present = 0;
-  std::size_t i = 0;
-  const __m512i steps = _mm512_set_epi32(15, 14, 13, 12, 11, 10, 9, 8, 7, 6, 5, 4, 3, 2, 1, 0);
-  for (; i + 16 <= count; i += 16) {
-    const __mmask16 mask = present_of_16(cells + i);
-    if (mask == 0) continue;
-    const __m512i indices = _mm512_add_epi32(steps, _mm512_set1_epi32(static_cast<int>(i)));
-    _mm512_storeu_si512(found + present, _mm512_maskz_compress_epi32(mask, indices));
-    present += static_cast<std::size_t>(__builtin_popcount(mask));
+  for (std::size_t line = 0; line * cells_of_line < count; ++line) {
+    present = find_present_in_line(cells, line, found, present);
   }
-  return find_present_from(i, cells, count, found, present);
+  return present;
 }
 
 template <class Sum>
-std::size_t find_present(const Sum* cells, std::size_t count, std::uint32_t* found) {
-  if constexpr (requires { present_of_16(cells); }) {
-    if (vector_unit() == VectorUnit::avx512) return find_present_avx512(cells, count, found);
-  }
-  return find_present_from(0, cells, count, found, 0);
-}
-
-#else
-
-template <class Sum>
-std::size_t find_present(const Sum* cells, std::size_t count, std::uint32_t* found) {
-  return find_present_from(0, cells, count, found, 0);
+__attribute__((target("avx512f,avx512vl,avx512dq,avx512bw"))) std::size_t find_marked_avx512(
+    const Sum* cells, std::uint8_t* marks, std::size_t line_count, std::uint32_t* found) {
+  std::size_t present = 0;
+  for_each_mark(marks, line_count, [&](std::size_t line) KOV_INLINE {
+    present = find_present_in_line(cells, line, found, present);
+  });
+  return present;
 }
 
 #endif
+
+template <class Sum>
+std::size_t find_present(const Sum* cells, std::size_t count, std::uint32_t* found) {
+#if defined(__x86_64__)
+  if constexpr (requires { present_of_16(cells); }) {
+    if (vector_unit() == VectorUnit::avx512) return find_present_avx512(cells, count, found);
+  }
+#endif
+  return find_present_from(0, cells, count, found, 0);
+}
+
+template <class Sum>
+std::size_t find_present_in_lines(const Sum* cells, std::uint8_t* marks, std::size_t line_count,
+                                  std::uint32_t* found) {
+#if defined(__x86_64__)
+  if constexpr (requires { present_of_16(cells); }) {
+    if (vector_unit() == VectorUnit::avx512) return find_marked_avx512(cells, marks, line_count, found);
+  }
+#endif
+  std::size_t present = 0;
+  for_each_mark(marks, line_count, [&](std::size_t line) KOV_INLINE {
+    const std::size_t first = line * cells_of_line;
+    present = find_present_from(first, cells, first + cells_of_line, found, present);
+  });
+  return present;
+}
 
 }  // namespace kov

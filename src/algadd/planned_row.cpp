@@ -51,7 +51,7 @@ std::vector<std::int64_t> part_bounds(const StepPlan& plan, std::size_t parts) {
 template <class Arithmetic>
 Row make_row(const StepPlan& plan, const Arithmetic& arithmetic, WorkerPool& workers, Progress& progress) {
   const std::vector<std::int64_t> bounds = part_bounds(plan, part_count(plan, workers.threads()));
-  std::vector<std::vector<Block>> blocks(bounds.size() - 1);
+  std::vector<std::vector<BoundedBlock>> blocks(bounds.size() - 1);
   workers.run(
       blocks.size(),
       [&](std::size_t part) {
@@ -59,8 +59,8 @@ Row make_row(const StepPlan& plan, const Arithmetic& arithmetic, WorkerPool& wor
       },
       [&] { progress.breathe(); });
   RowBuilder row(plan.n, plan.frame);
-  for (std::vector<Block>& part : blocks) {
-    for (Block& block : part) row.append(std::move(block));
+  for (std::vector<BoundedBlock>& part : blocks) {
+    for (BoundedBlock& made : part) row.append(std::move(made.block), made.box);
   }
   return row.finish();
 }

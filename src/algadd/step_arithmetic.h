@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "algadd/overflow_check.h"
-#include "algadd/vector_dispatch.h"
+#include "numbers/vector_dispatch.h"
 #include "lattice/block.h"
 #include "lattice/column.h"
 #include "numbers/checked_integer.h"

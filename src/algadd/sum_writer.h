@@ -9,9 +9,17 @@
 #include <vector>
 
 #include "algadd/step_arithmetic.h"
+#include "algadd/step_plan.h"
 #include "lattice/block.h"
+#include "lattice/key_box.h"
 
 namespace kov {
+
+/// A block of the new row and the bounds of its keys.
+struct BoundedBlock {
+  Block block;
+  KeyBox box;
+};
 
 /// Takes the finished sums of a step in key order and makes blocks of them.
 template <class Arithmetic>
@@ -19,8 +27,8 @@ class SumWriter {
  public:
   using Sum = typename Arithmetic::Sum;
 
-  SumWriter(const Arithmetic& arithmetic, std::vector<Block>& blocks)
-      : arithmetic_(arithmetic), blocks_(blocks) {}
+  SumWriter(const StepPlan& plan, const Arithmetic& arithmetic, std::vector<BoundedBlock>& blocks)
+      : plan_(plan), arithmetic_(arithmetic), blocks_(blocks) {}
 
   /// Appends the sum unless it is an absent point.
   void append(std::int64_t key, const Sum& sum) {
@@ -50,13 +58,15 @@ class SumWriter {
   void flush() {
     if (count_ == 0) return;
     auto [re, im] = arithmetic_.columns(std::span<const Sum>(sums_.data(), count_));
-    blocks_.emplace_back(std::span<const std::uint64_t>(keys_.data(), count_), std::move(re), std::move(im));
+    const std::span<const std::uint64_t> keys(keys_.data(), count_);
+    blocks_.push_back({Block(keys, std::move(re), std::move(im)), plan_.frame.box_of(keys, plan_.n)});
     count_ = 0;
   }
 
  private:
+  const StepPlan& plan_;
   const Arithmetic& arithmetic_;
-  std::vector<Block>& blocks_;
+  std::vector<BoundedBlock>& blocks_;
   std::size_t count_ = 0;
   std::array<std::uint64_t, block_capacity> keys_;
   std::array<Sum, block_capacity> sums_;

@@ -4,6 +4,7 @@
 #include <bit>
 #include <numeric>
 
+#include "numbers/vector_dispatch.h"
 #include "text/integers.h"
 
 namespace kov {
@@ -116,14 +117,26 @@ std::optional<std::uint64_t> KeyFrame::ceiling(const Lk& key) const noexcept {
 
 KeyBox KeyFrame::box_of(std::span<const std::uint64_t> keys, std::int32_t n) const noexcept {
   KeyBox box{unpack(keys.front(), n), unpack(keys.front(), n)};
+  bool ascending = true;
   for (const Field& field : fields()) {
     const std::uint64_t field_mask = mask(field.position);
-    std::uint64_t lowest = field_mask;
-    std::uint64_t highest = 0;
-    for (const std::uint64_t key : keys) {
-      const std::uint64_t distance = (key >> field.shift) & field_mask;
-      lowest = std::min(lowest, distance);
-      highest = std::max(highest, distance);
+    std::uint64_t lowest = (keys.front() >> field.shift) & field_mask;
+    std::uint64_t highest = (keys.back() >> field.shift) & field_mask;
+    // As long as no position before differs, the keys ascend in this one.
+    if (ascending) {
+      ascending = lowest == highest;
+    } else {
+      run_loop([&]() KOV_INLINE {
+        std::uint64_t low = lowest;
+        std::uint64_t high = highest;
+        for (const std::uint64_t key : keys) {
+          const std::uint64_t distance = (key >> field.shift) & field_mask;
+          low = std::min(low, distance);
+          high = std::max(high, distance);
+        }
+        lowest = low;
+        highest = high;
+      });
     }
     box.min.coo[field.position] = value(lowest << field.shift, field);
     box.max.coo[field.position] = value(highest << field.shift, field);

@@ -51,7 +51,7 @@ class KeyFrame {
   /// What the smallest key of the frame that is not less is packed into; nothing when all are less. Steps do
   /// not matter.
   std::optional<std::uint64_t> ceiling(const Lk& key) const noexcept;
-  /// The bounds of these keys, one at least, as keys of step n.
+  /// The bounds of these keys, ascending, one at least, as keys of step n.
   KeyBox box_of(std::span<const std::uint64_t> keys, std::int32_t n) const noexcept;
 
   int total_bits() const noexcept { return total_bits_; }

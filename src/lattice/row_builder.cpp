@@ -42,8 +42,12 @@ void RowBuilder::append(std::uint64_t packed, const cotyp& q) {
 }
 
 void RowBuilder::append(Block&& block) {
-  flush();
   const KeyBox box = row_.packed() ? packed_box_of(block, row_.frame(), row_.n()) : wide_box_of(block);
+  append(std::move(block), box);
+}
+
+void RowBuilder::append(Block&& block, const KeyBox& box) {
+  flush();
   row_.append(std::move(block), box);
 }
 

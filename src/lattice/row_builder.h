@@ -25,6 +25,8 @@ class RowBuilder {
   void append(std::uint64_t packed, const cotyp& q);
   /// Points by the frame, or of a wide row; in their own block.
   void append(Block&& block);
+  /// The same where the bounds of its keys are known.
+  void append(Block&& block, const KeyBox& box);
 
   /// The number of points so far.
   std::size_t count() const noexcept { return row_.count() + re_.size(); }
