@@ -84,7 +84,7 @@ struct Repeats {
   double engine_seconds;
 
   static Repeats of(Scale scale) {
-    return scale == Scale::full ? Repeats{.literal = 2, .flint = 3, .engine_seconds = 2.0}
+    return scale == Scale::full ? Repeats{.literal = 2, .flint = 3, .engine_seconds = 3.0}
                                 : Repeats{.literal = 1, .flint = 1, .engine_seconds = 0.0};
   }
 };

@@ -242,21 +242,21 @@ Workload run_of_floating(std::int32_t side) { return {plane_walk_table(), floati
 Algadd plane_walk_table() { return moves_table(2, {cotyp(1, 4, 0, 1)}); }
 
 std::vector<Shape> step_shapes(Scale scale) {
-  std::vector<Shape> shapes = {{"plane walk, floating", plane_walk, 2000, 500},
-                               {"plane filled, integers", integer_plane, 2000, 500},
-                               {"plane 1 % filled, integers", thin_plane, 30000, 5000},
-                               {"3-D, 2 lattices, complex integers", complex_integer_cubes, 110, 44},
-                               {"3-D, 2 lattices, complex floating", complex_floating_cubes, 110, 44},
-                               {"5 coordinates, integers", exact_branching, 26, 16},
-                               {"5 coordinates, mixed", branching, 26, 16},
-                               {"5 coordinates, floating", floating_branching, 26, 16},
-                               {"5 coordinates, random offsets", random_offsets, 15, 11},
-                               {"plane, common denominator", common_denominator, 2000, 500},
-                               {"plane, unrelated denominators", unrelated_denominators, 1000, 400}};
+  std::vector<Shape> shapes = {{"plane walk, floating", plane_walk, 2000, 1000},
+                               {"plane filled, integers", integer_plane, 2000, 1000},
+                               {"plane 1 % filled, integers", thin_plane, 30000, 10000},
+                               {"3-D, 2 lattices, complex integers", complex_integer_cubes, 110, 70},
+                               {"3-D, 2 lattices, complex floating", complex_floating_cubes, 110, 70},
+                               {"5 coordinates, integers", exact_branching, 26, 19},
+                               {"5 coordinates, mixed", branching, 26, 19},
+                               {"5 coordinates, floating", floating_branching, 26, 19},
+                               {"5 coordinates, random offsets", random_offsets, 15, 13},
+                               {"plane, common denominator", common_denominator, 2000, 1000},
+                               {"plane, unrelated denominators", unrelated_denominators, 1000, 1000}};
   if (scale == Scale::quick) {
     for (Shape& shape : shapes) {
       const bool steps = shape.literal_size < 20;
-      shape.size = shape.literal_size = steps ? 4 : shape.literal_size / 20 + 2;
+      shape.size = shape.literal_size = steps ? 4 : shape.literal_size / 40 + 2;
     }
   }
   return shapes;
