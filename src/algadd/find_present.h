@@ -8,7 +8,7 @@
 #include <immintrin.h>
 #endif
 
-#include "algadd/step_arithmetic.h"
+#include "algadd/linear_arithmetic.h"
 #include "numbers/vector_dispatch.h"
 
 namespace kov {

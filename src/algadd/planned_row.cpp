@@ -52,12 +52,15 @@ template <class Arithmetic>
 Row make_row(const StepPlan& plan, const Arithmetic& arithmetic, WorkerPool& workers, Progress& progress) {
   const std::vector<std::int64_t> bounds = part_bounds(plan, part_count(plan, workers.threads()));
   std::vector<std::vector<BoundedBlock>> blocks(bounds.size() - 1);
+  const auto breathe = [&] { progress.breathe(); };
+  StepSources<Arithmetic> sources(plan, arithmetic);
+  workers.run(sources.block_count(), [&](std::size_t block) { sources.prepare(block); }, breathe);
   workers.run(
       blocks.size(),
       [&](std::size_t part) {
-        TileRun<Arithmetic>(plan, arithmetic, bounds[part], bounds[part + 1], blocks[part]).run();
+        TileRun<Arithmetic>(plan, arithmetic, sources, bounds[part], bounds[part + 1], blocks[part]).run();
       },
-      [&] { progress.breathe(); });
+      breathe);
   RowBuilder row(plan.n, plan.frame);
   for (std::vector<BoundedBlock>& part : blocks) {
     for (BoundedBlock& made : part) row.append(std::move(made.block), made.box);

@@ -204,7 +204,11 @@ StepArithmetic choose_arithmetic(const StepPlan& plan) {
     if (real) return RealArithmetic<DoubleNumbers>{};
     return ComplexArithmetic<DoubleNumbers>{};
   }
-  if (p.integers_if_exact() && q.integers_if_exact()) return CountedArithmetic{};
+  if (p.integers_if_exact() && q.integers_if_exact()) {
+    if (real) return CountedRealArithmetic{};
+    return CountedComplexArithmetic{};
+  }
+  if (real) return FractionArithmetic{};
   return QuantityArithmetic{};
 }
 

@@ -2,15 +2,28 @@
 
 #include <variant>
 
-#include "algadd/step_arithmetic.h"
+#include "algadd/counted_arithmetic.h"
+#include "algadd/fraction_arithmetic.h"
+#include "algadd/linear_arithmetic.h"
+#include "algadd/quantity_arithmetic.h"
 #include "algadd/step_plan.h"
 
 namespace kov {
 
+/// The ways in which a step computes. Each gives the bits of the literal reading, under a condition that
+/// choose_arithmetic proves before the step. They have in common:
+///
+///   Sum        what gathers in one destination; a new one is an absent point
+///   Factor     p of an entry, made ready
+///   Values     the quantities of a piece of a source block, to be read by index
+///   product    Factor times one of the Values
+///   add        Sum += product, where a sum that reaches zero is an absent point again
+///   columns    the parts of many sums, none of them absent; throws floating_overflow when one is not finite
+///   Prepared   in some: a source block made ready, once a step for all terms
 using StepArithmetic =
     std::variant<RealArithmetic<IntegerNumbers>, ComplexArithmetic<IntegerNumbers>,
-                 RealArithmetic<DoubleNumbers>, ComplexArithmetic<DoubleNumbers>, CountedArithmetic,
-                 QuantityArithmetic>;
+                 RealArithmetic<DoubleNumbers>, ComplexArithmetic<DoubleNumbers>, CountedRealArithmetic,
+                 CountedComplexArithmetic, FractionArithmetic, QuantityArithmetic>;
 
 /// The fastest arithmetic that certainly gives the bits of the literal reading for all factors and quantities
 /// of the plan. Looks at every block, but at no point.

@@ -8,7 +8,6 @@
 #include <utility>
 #include <vector>
 
-#include "algadd/step_arithmetic.h"
 #include "algadd/step_plan.h"
 #include "lattice/block.h"
 #include "lattice/key_box.h"

@@ -52,7 +52,7 @@ void TermPlaces::pass(std::int64_t end, std::vector<Piece>& pieces) {
       const std::int64_t source_end = end - place.shift;
       const bool whole = static_cast<std::int64_t>(block.last_key()) < source_end;
       const std::size_t to = whole ? block.size() : index_of(block, source_end);
-      if (to > place.index) pieces.push_back({term, &block, place.index, to - place.index});
+      if (to > place.index) pieces.push_back({term, place.block, place.index, to - place.index});
       place.index = to;
       if (!whole) break;
       ++place.block;

@@ -11,7 +11,8 @@ namespace kov {
 /// Points of one block that one term moves into a tile.
 struct Piece {
   std::size_t term = 0;
-  const Block* block = nullptr;
+  /// Of the term's stream.
+  std::size_t block = 0;
   std::size_t from = 0;
   std::size_t count = 0;
 };

@@ -9,6 +9,7 @@
 #include "algadd/find_present.h"
 #include "algadd/key_sort.h"
 #include "algadd/step_plan.h"
+#include "algadd/step_sources.h"
 #include "algadd/sum_writer.h"
 #include "algadd/term_places.h"
 
@@ -28,17 +29,15 @@ class TileRun {
  public:
   using Sum = typename Arithmetic::Sum;
 
-  TileRun(const StepPlan& plan, const Arithmetic& arithmetic, std::int64_t first, std::int64_t end,
-          std::vector<BoundedBlock>& blocks)
-      : arithmetic_(arithmetic),
+  TileRun(const StepPlan& plan, const Arithmetic& arithmetic, const StepSources<Arithmetic>& sources,
+          std::int64_t first, std::int64_t end, std::vector<BoundedBlock>& blocks)
+      : plan_(plan),
+        arithmetic_(arithmetic),
+        sources_(sources),
         end_(end),
         places_(plan, first),
-        room_(std::make_unique<typename Arithmetic::Room>()),
         writer_(std::make_unique<SumWriter<Arithmetic>>(plan, arithmetic, blocks)) {
-    for (const StepTerm& term : plan.terms) {
-      factors_.push_back(arithmetic.factor(term.p));
-      shifts_.push_back(term.shift);
-    }
+    for (const StepTerm& term : plan.terms) factors_.push_back(arithmetic.factor(term.p));
   }
 
   void run() {
@@ -77,10 +76,11 @@ class TileRun {
   template <class Function>
   KOV_INLINE void for_each_product(const Function& f) {
     for (const Piece& piece : pieces_) {
-      const Block& block = *piece.block;
-      const auto values = arithmetic_.values(block, piece.from, piece.count, *room_);
+      const StepTerm& term = plan_.terms[piece.term];
+      const Block& block = plan_.streams[term.stream].block(piece.block);
+      const auto values = sources_.values(term.stream, piece, room_);
       const auto factor = factors_[piece.term];
-      const std::int64_t shift = shifts_[piece.term];
+      const std::int64_t shift = term.shift;
       if (const std::uint32_t* const offsets = block.offsets()) {
         const std::int64_t base = static_cast<std::int64_t>(block.base()) + shift;
         for (std::size_t i = 0; i < piece.count; ++i) {
@@ -146,13 +146,14 @@ class TileRun {
     }
   }
 
+  const StepPlan& plan_;
   const Arithmetic& arithmetic_;
+  const StepSources<Arithmetic>& sources_;
   const std::int64_t end_;
   TermPlaces places_;
   std::vector<typename Arithmetic::Factor> factors_;
-  std::vector<std::int64_t> shifts_;
   std::vector<Piece> pieces_;
-  std::unique_ptr<typename Arithmetic::Room> room_;
+  typename StepSources<Arithmetic>::Room room_;
   std::unique_ptr<SumWriter<Arithmetic>> writer_;
   /// All absent between two tiles.
   std::vector<Sum> cells_;

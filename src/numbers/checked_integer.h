@@ -1,7 +1,7 @@
 #pragma once
 
 #include <cstdint>
-#include <utility>
+#include <numeric>
 
 namespace kov {
 
@@ -54,14 +54,9 @@ constexpr std::uint32_t magnitude(std::int32_t a) {
   return a < 0 ? 0U - bits : bits;
 }
 
-/// Euclid's greatest common divisor of |a| and |b|; gcd(a, 0) = |a|. At most 2147483648, and that only
-/// when neither has another magnitude than this or 0.
-constexpr std::uint32_t gcd(std::int32_t a, std::int32_t b) {
-  std::uint32_t x = magnitude(a);
-  std::uint32_t y = magnitude(b);
-  while (y != 0) x = std::exchange(y, x % y);
-  return x;
-}
+/// The greatest common divisor of |a| and |b|; gcd(a, 0) = |a|. At most 2147483648, and that only when neither
+/// has another magnitude than this or 0.
+constexpr std::uint32_t gcd(std::int32_t a, std::int32_t b) { return std::gcd(magnitude(a), magnitude(b)); }
 
 /// a / divisor, for a divisor that is not 0 and divides a; signed division cannot take the divisors
 /// above the largest signed integer that gcd may give.

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+#include "lattice/column.h"
+#include "numbers/ratyp.h"
+
+namespace kov {
+
+/// Floating parts of a new row. Throws floating_overflow when one is not finite.
+Column finished_column(std::span<const double> parts);
+/// Exact integers of a new row.
+Column finished_column(std::span<const std::int32_t> parts);
+/// Parts of a new row, each exact or floating. Throws floating_overflow when one is not finite.
+Column finished_column(std::span<const ratyp> parts);
+
+}  // namespace kov
