@@ -1,14 +1,20 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <memory>
+#include <random>
 #include <stdexcept>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "bench/benchmarks.h"
+#include "bench/figures.h"
 #include "bench/silent_user.h"
 #include "bench/stopwatch.h"
 #include "graphs/calc_gc.h"
+#include "graphs/distinct_values.h"
 #include "graphs/graph1_page.h"
 #include "graphs/graph2_page.h"
 #include "graphs/map_raster.h"
@@ -98,6 +104,46 @@ void colour(benchmark::State& state, GraphBench& bench) {
   state.counters["M pixels/s"] = max_hpixcount * max_vpixcount / 1e6 / time.seconds();
 }
 
+/// A value for each pixel of the largest image, hardly any two alike.
+std::vector<double> different_values() {
+  std::mt19937_64 random(1);
+  std::uniform_real_distribution<double> anywhere(-1, 1);
+  std::vector<double> values(std::size_t{max_hpixcount} * max_vpixcount);
+  for (double& value : values) value = anywhere(random);
+  return values;
+}
+
+std::vector<double> compared_values(std::vector<double> values) {
+  std::sort(values.begin(), values.end());
+  values.erase(std::unique(values.begin(), values.end()), values.end());
+  return values;
+}
+
+// What the equalisation of the largest map needs, by digits and by comparing.
+void find_distinct(benchmark::State& state, std::vector<double> (*find)(std::vector<double>)) {
+  const std::vector<double> values = different_values();
+  const std::vector<double> expected = compared_values(values);
+  FastestTime time;
+  for ([[maybe_unused]] auto iteration : state) {
+    std::vector<double> found = values;
+    time.measure(state, [&] { found = find(std::move(found)); });
+    if (found != expected) throw std::runtime_error("other values");
+  }
+  state.counters["ms"] = 1e3 * time.seconds();
+}
+
+void equalise(benchmark::State& state, GraphBench& bench) {
+  const std::vector<double> values = different_values();
+  ColourScale scale(ColourRamp::read(bench.cph));
+  FastestTime time;
+  for ([[maybe_unused]] auto iteration : state) {
+    std::vector<double> taken = values;
+    time.measure(state,
+                 [&] { scale.Set_equally_distributed_fclimit(std::move(taken), bench.user.messages()); });
+  }
+  state.counters["ms"] = 1e3 * time.seconds();
+}
+
 // From the moment the tab is chosen until the picture is there to be painted.
 template <class Show, class Page>
 void show_page(benchmark::State& state, GraphBench& bench, Page& page, const Show& show) {
@@ -151,6 +197,15 @@ void register_graph_benchmarks(Scale scale) {
   add("Graph2, binning, all inside" + size, bin_graph2);
   add_for(rows, "Graph2, binning, 1 row of 100 inside" + size, bin_graph2);
   add("Graph2, colouring of 3000 x 2000 pixels", colour);
+  const std::string distinct = "Graph2, distinct ones of 6 million values";
+  for (const auto& [name, find] :
+       {std::pair{distinct, &distinct_values}, std::pair{literal_name(distinct), &compared_values}}) {
+    benchmark::RegisterBenchmark(name.c_str(),
+                                 [find](benchmark::State& state) { find_distinct(state, find); })
+        ->UseManualTime()
+        ->MinTime(seconds_per_benchmark(scale));
+  }
+  add("Graph2, equalising of 6 million distinct values", equalise);
   add("Graph1 page" + size, show_graph1);
   add("Graph2 page" + size, show_graph2);
   add("Graph1, click on a check box" + size, click_box);

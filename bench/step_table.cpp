@@ -76,7 +76,8 @@ void StepTable::print(std::ostream& out, const MemoryBandwidth& bandwidth) const
   out << "Memory, " << bandwidth.threads << " threads: a copy reads and writes "
       << gigabytes_text(bandwidth.copy) << ", a sum reads " << gigabytes_text(bandwidth.read)
       << ", new pages are written with " << gigabytes_text(bandwidth.fresh) << ".\n"
-      << "Steps, ns a contribution; copy: what a copy of the bytes read and written takes.\n\n";
+      << "Steps, ns a contribution (of the processor with one thread, of the clock with two).\n"
+      << "copy: what a copy of the bytes of both rows takes.\n\n";
   print_line(out, widths, cells);
   for (const StepFigures& step : rows_) {
     std::transform(columns.begin(), columns.end(), cells.begin(),

@@ -11,7 +11,7 @@
 namespace kov {
 
 /// What was measured of one step; times in ns a contribution, which is a source point and an entry that
-/// matches it.
+/// matches it. Those of one thread are its processor's, those of two threads the clock's.
 struct StepFigures {
   std::string name;
   std::size_t points = 0;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <benchmark/benchmark.h>
+#include <time.h>
 
 #include <algorithm>
 #include <chrono>
@@ -14,6 +15,20 @@ double seconds_of(const Operation& operation) {
   const auto begin = std::chrono::steady_clock::now();
   operation();
   return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+}
+
+/// Seconds that the processor works on an operation that keeps to the calling thread: what else runs on the
+/// machine does not count.
+template <class Operation>
+double processor_seconds_of(const Operation& operation) {
+  const auto now = [] {
+    timespec time{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) + 1e-9 * static_cast<double>(time.tv_nsec);
+  };
+  const double begin = now();
+  operation();
+  return now() - begin;
 }
 
 /// The fastest of a benchmark's iterations, which is the figure to quote: whatever else the machine does

@@ -6,9 +6,11 @@
 #include <cstddef>
 #include <limits>
 #include <optional>
+#include <span>
 #include <string>
 #include <utility>
 
+#include "lattice/block_points.h"
 #include "text/integers.h"
 
 namespace kov {
@@ -25,7 +27,22 @@ using Size = std::uint64_t;
 // not overflow, they differ by more than the rounding of a double, and everywhere else it compares the
 // doubles itself. A sum of two squares of finite numbers is no NaN and no -0.0, at most an infinity, the
 // largest; and doubles without a sign order like their bits.
-Size size_of(const cotyp& q) { return std::bit_cast<Size>(to_double(qq(q))); }
+class Sizes {
+ public:
+  static constexpr std::size_t at_once = 512;
+
+  /// Of the points of a block from first on, at_once or as many as there are.
+  std::span<const Size> of(const Block& block, std::size_t first) {
+    const auto squares = std::span(squares_).first(std::min(at_once, block.size() - first));
+    decode_squares(block, first, squares);
+    std::transform(squares.begin(), squares.end(), sizes_.begin(), std::bit_cast<Size, double>);
+    return std::span(sizes_).first(squares.size());
+  }
+
+ private:
+  std::array<double, at_once> squares_;
+  std::array<Size, at_once> sizes_;
+};
 
 // Feedback of one pass over the row: "n=nlast=5: Sorting entry 10000 of 25000"; without a heading the
 // display only breathes.
@@ -34,18 +51,35 @@ class Pass {
   Pass(Progress& progress, std::string heading, std::size_t total)
       : progress_(progress), heading_(std::move(heading)), total_(total) {}
 
-  void done(std::size_t k) const {
-    if (k % entries_per_breath == 0) progress_.breathe();
-    if (heading_.empty() || k % points_per_display != 0) return;
-    const auto position = static_cast<std::int64_t>(k);
+  // So many more points are done.
+  void advance(std::size_t points) {
+    const std::size_t end = done_ + points;
+    while (done_ < end) {
+      done_ = std::min({end, next_breath_, next_display_});
+      if (done_ == next_breath_) breathe();
+      if (done_ == next_display_) display();
+    }
+  }
+
+ private:
+  void breathe() {
+    next_breath_ += entries_per_breath;
+    progress_.breathe();
+  }
+  void display() {
+    next_display_ += points_per_display;
+    if (heading_.empty()) return;
+    const auto position = static_cast<std::int64_t>(done_);
     progress_.headline(heading_ + int_text(position) + " of " + int_text(static_cast<std::int64_t>(total_)));
     progress_.at(position);
   }
 
- private:
   Progress& progress_;
   std::string heading_;
   std::size_t total_;
+  std::size_t done_ = 0;
+  std::size_t next_breath_ = entries_per_breath;
+  std::size_t next_display_ = points_per_display;
 };
 
 // The panel is grey before the box opens, and has its own colour before the box closes.
@@ -90,14 +124,18 @@ struct Bucket {
 constexpr int bits_per_pass = 11;
 using Buckets = std::array<Bucket, std::size_t{1} << bits_per_pass>;
 
-Buckets counted(const Lmap& lmap, std::int32_t row, const Cut& cut, const Pass& pass) {
+Buckets counted(const Row& row, const Cut& cut, Pass pass) {
   const int shift = std::max(0, static_cast<int>(std::bit_width(cut.high - cut.low)) - bits_per_pass);
   Buckets buckets;
-  std::size_t k = 0;
-  for (Lmap::Cursor point = lmap.row_begin(row); point != lmap.end(); ++point) {
-    const Size size = size_of(point.quantity());
-    if (cut.covers(size)) buckets[(size - cut.low) >> shift].add(size);
-    pass.done(++k);
+  Sizes sizes;
+  for (std::size_t block = 0; block < row.block_count(); ++block) {
+    for (std::size_t first = 0; first < row.block(block).size(); first += Sizes::at_once) {
+      const std::span<const Size> some = sizes.of(row.block(block), first);
+      for (const Size size : some) {
+        if (cut.covers(size)) buckets[(size - cut.low) >> shift].add(size);
+      }
+      pass.advance(some.size());
+    }
   }
   return buckets;
 }
@@ -111,20 +149,24 @@ Cut narrowed(const Buckets& buckets, std::size_t number) {
   return {bucket->low, bucket->high, number};
 }
 
-// The walk is in key order.
-void erase_smallest(Lmap& lmap, std::int32_t row, Cut cut, std::size_t number, const Pass& pass) {
-  Lmap::Cursor point = lmap.row_begin(row);
-  for (std::size_t deleted = 0; deleted < number;) {
-    const Size size = size_of(point.quantity());
-    const bool equal = size == cut.low;
-    if (size > cut.low || (equal && cut.number == 0)) {
-      ++point;
-      continue;
+// In key order. What the feedback of a block throws comes before its points are gone.
+void erase_smallest(Lmap& lmap, std::int32_t n, Cut cut, Pass pass) {
+  Sizes sizes;
+  lmap.keep_chosen(n, n, [&](const Row& row, std::size_t index, Lmap::BlockIndices& kept) {
+    const Block& block = row.block(index);
+    std::size_t count = 0;
+    for (std::size_t first = 0; first < block.size(); first += Sizes::at_once) {
+      auto point = static_cast<std::uint32_t>(first);
+      for (const Size size : sizes.of(block, first)) {
+        const bool equal = size == cut.low;
+        kept[count] = point++;
+        if (size > cut.low || (equal && cut.number == 0)) ++count;
+        if (equal && cut.number > 0) --cut.number;
+      }
     }
-    if (equal) --cut.number;
-    point = lmap.erase(point);
-    pass.done(++deleted);
-  }
+    pass.advance(block.size() - count);
+    return count;
+  });
 }
 
 // A line of a data file may widen the range of the percentage.
@@ -138,15 +180,16 @@ std::size_t part_of(std::size_t count, std::int32_t percent) {
 void delete_smallest_of_nlast(Lmap& lmap, std::int32_t percent, Progress& progress) {
   if (lmap.empty()) return;
   const std::int32_t nlast = lmap.nlast();
-  const std::size_t count = lmap.count_in_rows(nlast, nlast);
+  const std::size_t count = lmap.row(nlast)->count();
   const GreyBox box(progress, static_cast<std::int64_t>(count));
 
   const std::string heading = "n=nlast=" + int_text(nlast);
   const std::size_t number = part_of(count, percent);
-  Cut cut = narrowed(counted(lmap, nlast, Cut{}, {progress, heading + ": Sorting entry ", count}), number);
+  const Row& row = *lmap.row(nlast);
+  Cut cut = narrowed(counted(row, Cut{}, {progress, heading + ": Sorting entry ", count}), number);
   if (number == 0) return;
-  while (!cut.found()) cut = narrowed(counted(lmap, nlast, cut, {progress, {}, count}), cut.number);
-  erase_smallest(lmap, nlast, cut, number, {progress, heading + ": Deleting entry ", number});
+  while (!cut.found()) cut = narrowed(counted(row, cut, {progress, {}, count}), cut.number);
+  erase_smallest(lmap, nlast, cut, {progress, heading + ": Deleting entry ", number});
 }
 
 }  // namespace kov

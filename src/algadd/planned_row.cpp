@@ -54,11 +54,14 @@ Row make_row(const StepPlan& plan, const Arithmetic& arithmetic, WorkerPool& wor
   std::vector<std::vector<BoundedBlock>> blocks(bounds.size() - 1);
   const auto breathe = [&] { progress.breathe(); };
   StepSources<Arithmetic> sources(plan, arithmetic);
-  workers.run(sources.block_count(), [&](std::size_t block) { sources.prepare(block); }, breathe);
+  workers.run(
+      sources.block_count(), [&](std::size_t block, std::size_t) { sources.prepare(block); }, breathe);
+  std::vector<TileRoom<Arithmetic>> rooms(static_cast<std::size_t>(workers.threads()));
   workers.run(
       blocks.size(),
-      [&](std::size_t part) {
-        TileRun<Arithmetic>(plan, arithmetic, sources, bounds[part], bounds[part + 1], blocks[part]).run();
+      [&](std::size_t part, std::size_t thread) {
+        TileRun<Arithmetic>(plan, arithmetic, sources, rooms[thread], blocks[part])
+            .run(bounds[part], bounds[part + 1]);
       },
       breathe);
   RowBuilder row(plan.n, plan.frame);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <system_error>
 #include <utility>
 
 namespace kov {
@@ -25,8 +26,7 @@ WorkerPool::~WorkerPool() {
   for (std::thread& other : others_) other.join();
 }
 
-void WorkerPool::run(std::size_t count, const std::function<void(std::size_t)>& task,
-                     const std::function<void()>& between) {
+void WorkerPool::run(std::size_t count, const Task& task, const std::function<void()>& between) {
   if (count > 1) start_threads();
   {
     const std::lock_guard lock(mutex_);
@@ -37,7 +37,7 @@ void WorkerPool::run(std::size_t count, const std::function<void(std::size_t)>& 
     ++jobs_;
   }
   if (count > 1) job_given_.notify_all();
-  work(&between);
+  work(0, &between);
   std::unique_lock lock(mutex_);
   while (busy_ != 0) {
     if (worker_idle_.wait_for(lock, wait_between_breaths, [this] { return busy_ == 0; })) break;
@@ -56,12 +56,14 @@ void WorkerPool::run(std::size_t count, const std::function<void(std::size_t)>& 
 // A system that grants no further thread leaves the job to those that there are.
 void WorkerPool::start_threads() {
   try {
-    while (static_cast<int>(others_.size()) + 1 < threads_) others_.emplace_back([this] { serve(); });
+    while (static_cast<int>(others_.size()) + 1 < threads_) {
+      others_.emplace_back([this, thread = others_.size() + 1] { serve(thread); });
+    }
   } catch (const std::system_error&) {
   }
 }
 
-void WorkerPool::serve() {
+void WorkerPool::serve(std::size_t thread) {
   std::size_t served = 0;
   for (;;) {
     {
@@ -71,7 +73,7 @@ void WorkerPool::serve() {
       served = jobs_;
       ++busy_;
     }
-    work(nullptr);
+    work(thread, nullptr);
     {
       const std::lock_guard lock(mutex_);
       --busy_;
@@ -80,10 +82,10 @@ void WorkerPool::serve() {
   }
 }
 
-void WorkerPool::work(const std::function<void()>* between) {
+void WorkerPool::work(std::size_t thread, const std::function<void()>* between) {
   for (;;) {
     std::size_t mine = 0;
-    const std::function<void(std::size_t)>* task = nullptr;
+    const Task* task = nullptr;
     {
       const std::lock_guard lock(mutex_);
       if (next_ == count_ || failure_) return;
@@ -91,7 +93,7 @@ void WorkerPool::work(const std::function<void()>* between) {
       task = task_;
     }
     try {
-      (*task)(mine);
+      (*task)(mine, thread);
       if (between != nullptr) (*between)();
     } catch (...) {
       note_failure();

@@ -22,17 +22,19 @@ class WorkerPool {
 
   int threads() const { return threads_; }
 
-  /// Calls task(0) ... task(count - 1), each once, in any order and on any thread, and returns when all are
+  /// A task's number, and which of the threads works on it: 0 ... threads() - 1, 0 for the calling one.
+  using Task = std::function<void(std::size_t task, std::size_t thread)>;
+
+  /// Calls the task for 0 ... count - 1, each once, in any order and on any thread, and returns when all are
   /// done. The calling thread calls between after each of its tasks, and every few milliseconds while it
   /// waits for the others. Of what tasks and between throw, the first that is noticed is thrown here, when no
   /// task runs any more; tasks that have not begun by then are left out.
-  void run(std::size_t count, const std::function<void(std::size_t)>& task,
-           const std::function<void()>& between);
+  void run(std::size_t count, const Task& task, const std::function<void()>& between);
 
  private:
   void start_threads();
-  void serve();
-  void work(const std::function<void()>* between);
+  void serve(std::size_t thread);
+  void work(std::size_t thread, const std::function<void()>* between);
   void note_failure();
 
   const int threads_;
@@ -44,7 +46,7 @@ class WorkerPool {
   bool closing_ = false;
   std::size_t jobs_ = 0;
   std::size_t busy_ = 0;
-  const std::function<void(std::size_t)>* task_ = nullptr;
+  const Task* task_ = nullptr;
   std::size_t count_ = 0;
   std::size_t next_ = 0;
   std::exception_ptr failure_;

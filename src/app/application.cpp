@@ -5,8 +5,8 @@
 #include <clocale>
 
 #include "interact/error_text.h"
+#include "interact/scoped_flag.h"
 #include "widgets/qt_text.h"
-#include "widgets/scoped_flag.h"
 #include "workbench/start_up.h"
 
 namespace kov {

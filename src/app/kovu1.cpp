@@ -20,12 +20,12 @@
 #include "app/recent_files.h"
 #include "app/status_panel.h"
 #include "interact/error_text.h"
+#include "interact/scoped_flag.h"
 #include "lattice/lattice_status.h"
 #include "sums/qt/sums2_tab.h"
 #include "widgets/help_window.h"
 #include "widgets/progress_group.h"
 #include "widgets/qt_text.h"
-#include "widgets/scoped_flag.h"
 #include "workbench/start_up.h"
 
 namespace kov {
@@ -93,7 +93,7 @@ void TF1::make_ports() {
   hooks.time = [this](const std::optional<OperationTime>& time) { show_time(time); };
   user_.set_hooks(std::move(hooks));
   pages_.set_changed([this] { follow(); });
-  pages_.set_about_to_redisplay([this] { fit_graph(); });
+  pages_.set_about_to_redisplay([this] { return fit_graph(); });
 }
 
 QAction* TF1::own_action(const char* name, const char* caption, const std::function<void()>& triggered) {

@@ -87,7 +87,9 @@ class TF1 final : public QMainWindow {
   /// the window follows.
   void operate(const std::string& name, const std::function<void()>& operation);
   GraphServices graph_services(Page page);
-  void fit_graph();
+  /// The graph page that is shown; null while any other is.
+  GraphTab* active_graph() const;
+  bool fit_graph();
   /// False, with the error shown and the text still in its cell: an edit under way could not be stored.
   bool take_edits();
   void choose_page(int index);

@@ -13,11 +13,11 @@
 #include "datafile/qt/comment_tab.h"
 #include "graphs/qt/graph1_tab.h"
 #include "graphs/qt/graph2_tab.h"
+#include "interact/scoped_flag.h"
 #include "lattice/qt/lattices_tab.h"
 #include "lattice/qt/list_tab.h"
 #include "sums/qt/sums1_tab.h"
 #include "sums/qt/sums2_tab.h"
-#include "widgets/scoped_flag.h"
 #include "widgets/string_grid.h"
 #include "workbench/check_boxes.h"
 #include "workbench/page_picture.h"
@@ -77,12 +77,20 @@ GraphServices TF1::graph_services(Page page) {
           .redrawn = [this] { workbench_.restore_status_line(user_); }};
 }
 
-/// Before the window is shown nothing has its size.
-void TF1::fit_graph() {
-  if (!made_ || !isVisible()) return;
-  const QSize page = PaCo_->currentWidget()->size();
-  if (workbench_.active_page == static_cast<int>(Page::graph1)) graph_tabs_[0]->fit(page);
-  if (workbench_.active_page == static_cast<int>(Page::graph2)) graph_tabs_[1]->fit(page);
+GraphTab* TF1::active_graph() const {
+  if (workbench_.active_page == static_cast<int>(Page::graph1)) return graph_tabs_[0];
+  if (workbench_.active_page == static_cast<int>(Page::graph2)) return graph_tabs_[1];
+  return nullptr;
+}
+
+/// Before the window is shown nothing has its size. A graph that is the first page to be seen is calculated
+/// then, for that size and once.
+bool TF1::fit_graph() {
+  GraphTab* const tab = active_graph();
+  if (tab == nullptr) return true;
+  if (!made_) return false;
+  if (isVisible()) tab->fit(PaCo_->currentWidget()->size());
+  return true;
 }
 
 void TF1::add_page(QWidget* page, const char* name) {

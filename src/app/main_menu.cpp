@@ -41,6 +41,7 @@ bool begins_group(const QAction& action) {
                                       "Mod/Init For Test",
                                       "Mod/Set Default Offset",
                                       "Mod/All to Float",
+                                      "Mod/Cross Product",
                                       "Alg/Change Algadd Nr",
                                       "Alg/Algadd with del",
                                       "Help/State"};

@@ -71,6 +71,7 @@ bool LineExecutor::operator()(const SetLine& line) {
 }
 
 bool LineExecutor::operator()(const CheckLine& line) {
+  pages_.leave_grids();
   return set_check_box(workbench_, line.name, line.on) || fail_for_want_of("check box", line.name);
 }
 

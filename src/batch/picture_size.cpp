@@ -1,5 +1,6 @@
 #include "batch/picture_size.h"
 
+#include "pictures/picture.h"
 #include "text/integers.h"
 
 namespace kov {
@@ -9,7 +10,7 @@ namespace {
 std::optional<int> parse_side(std::string_view text) {
   if (text.starts_with('+') || text.starts_with('-')) return std::nullopt;
   const auto side = parse_int32(text);
-  if (!side || *side > PictureSize::largest_side) return std::nullopt;
+  if (!side || *side > largest_picture_side) return std::nullopt;
   return *side;
 }
 

@@ -1,11 +1,17 @@
 #include "graphs/calc_gc.h"
 
-#include <cmath>
+#include <algorithm>
+#include <array>
 #include <exception>
+#include <numeric>
+#include <optional>
+#include <span>
 #include <string>
 
 #include "graphs/g1_curves.h"
 #include "graphs/too_few_pixels.h"
+#include "lattice/block_points.h"
+#include "lattice/row_range.h"
 #include "numbers/errors.h"
 #include "sums/sum_progress.h"
 #include "text/integers.h"
@@ -26,61 +32,169 @@ RangeFlags taken_ranges(const G1Task& task) {
   return {common || any_checked(task.checked, 0), common || any_checked(task.checked, 1)};
 }
 
-std::int32_t x_of(const Lk& key, const G1Task& task, std::size_t range) {
-  return key.coo[static_cast<std::size_t>(task.table.icoo_along_x_in_g[range])];
+std::size_t x_position(const G1Task& task, std::size_t range) {
+  return static_cast<std::size_t>(task.table.icoo_along_x_in_g[range]);
 }
 
-/// Calls visit(place, ranges it lies inside) for every point inside a taken range. False when Break was
-/// pressed.
-template <class Visit>
+/// Which points of a row lie inside the taken ranges.
+class RowRanges {
+ public:
+  RowRanges(const G1Task& task, const RangeFlags& taken, const Row& row)
+      : taken_(taken), inside_{RowRange(row, task.table.range[0]), RowRange(row, task.table.range[1])} {}
+
+  bool none(std::size_t range) const { return !taken_[range] || inside_[range].none(); }
+  bool none() const { return none(0) && none(1); }
+  bool all(std::size_t range) const { return taken_[range] && inside_[range].all(); }
+  const RowRange& of(std::size_t range) const { return inside_[range]; }
+
+ private:
+  RangeFlags taken_;
+  std::array<RowRange, g1_range_count> inside_;
+};
+
+/// Some of the points of a block, in key order.
+struct Chunk {
+  static constexpr std::size_t most_points = 1024;
+
+  const Row& row;
+  const Block& block;
+  std::size_t first;
+  std::size_t count;
+};
+
+/// Calls visit(chunk, ranges of its row) for all rows with points inside a taken range, unless visit_row(row,
+/// ranges) says that the row is done. False when Break was pressed.
+template <class VisitRow, class Visit>
 bool walk(const G1Task& task, const RangeFlags& taken, Progress& progress, std::string_view done,
-          const Visit& visit) {
+          const VisitRow& visit_row, const Visit& visit) {
   SumProgress walked(progress, static_cast<std::int64_t>(task.lmap.count()),
                      task.cph.kmi("Graph_EntryCountPerDisplay"), done);
-  const auto end = task.lmap.end();
-  for (auto place = task.lmap.begin(); place != end; ++place) {
-    const RangeFlags inside = {taken[0] && task.table.range[0].contains(place.key()),
-                               taken[1] && task.table.range[1].contains(place.key())};
-    if (inside[0] || inside[1]) visit(place, inside);
-    if (!walked.advance()) return false;
+  for (const Row& row : task.lmap.rows()) {
+    const RowRanges ranges(task, taken, row);
+    if (ranges.none() || visit_row(row, ranges)) {
+      if (!walked.advance(static_cast<std::int64_t>(row.count()))) return false;
+      continue;
+    }
+    for (std::size_t block = 0; block < row.block_count(); ++block) {
+      const std::size_t size = row.block(block).size();
+      for (std::size_t first = 0; first < size;) {
+        const auto until_check = static_cast<std::size_t>(walked.until_check());
+        const std::size_t count = std::min({size - first, Chunk::most_points, until_check});
+        visit(Chunk{row, row.block(block), first, count}, ranges);
+        first += count;
+        if (!walked.advance(static_cast<std::int64_t>(count))) return false;
+      }
+    }
+  }
+  return true;
+}
+
+/// The x values of the points of a chunk that lie inside a range, and their places in the chunk.
+struct PointsInside {
+  PointsInside(const G1Task& task, const Chunk& chunk, const RowRange& inside, std::size_t range) {
+    decode_coordinates(chunk.row, chunk.block, x_position(task, range), chunk.first,
+                       std::span(x).first(chunk.count));
+    std::iota(place.begin(), place.begin() + static_cast<std::ptrdiff_t>(chunk.count), std::uint16_t{0});
+    count = chunk.count;
+    if (inside.all()) return;
+    std::array<std::uint8_t, Chunk::most_points> flags;
+    inside.mark(chunk.block, chunk.first, std::span(flags).first(chunk.count));
+    count = 0;
+    for (std::size_t i = 0; i < chunk.count; ++i) {
+      x[count] = x[i];
+      place[count] = static_cast<std::uint16_t>(i);
+      count += flags[i];
+    }
+  }
+
+  std::size_t count;
+  std::array<std::int32_t, Chunk::most_points> x;
+  std::array<std::uint16_t, Chunk::most_points> place;
+};
+
+/// By the box of a row that lies inside as a whole, where that is the box of its points.
+bool widen_by_row(const G1Task& task, const Row& row, const RowRanges& ranges, G1Par& par) {
+  const auto clear = [&](std::size_t range) {
+    return ranges.none(range) || (ranges.all(range) && row.box_is_exact());
+  };
+  if (!clear(0) || !clear(1)) return false;
+  for (std::size_t range = 0; range < g1_range_count; ++range) {
+    if (ranges.none(range)) continue;
+    par.widen_x(row.box().min.coo[x_position(task, range)]);
+    par.widen_x(row.box().max.coo[x_position(task, range)]);
   }
   return true;
 }
 
 bool find_x_interval(const G1Task& task, const RangeFlags& taken, G1Par& par, Progress& progress) {
-  return walk(task, taken, progress, "checked", [&](const Lmap::Cursor& place, const RangeFlags& inside) {
-    for (std::size_t range = 0; range < g1_range_count; ++range) {
-      if (inside[range]) par.widen_x(x_of(place.key(), task, range));
-    }
-  });
+  return walk(
+      task, taken, progress, "checked",
+      [&](const Row& row, const RowRanges& ranges) { return widen_by_row(task, row, ranges, par); },
+      [&](const Chunk& chunk, const RowRanges& ranges) {
+        for (std::size_t range = 0; range < g1_range_count; ++range) {
+          if (ranges.none(range)) continue;
+          const PointsInside points(task, chunk, ranges.of(range), range);
+          for (std::size_t i = 0; i < points.count; ++i) par.widen_x(points.x[i]);
+        }
+      });
 }
 
-using PointValues = std::array<double, g1_quantity_count>;
-
-PointValues values_of(const cotyp& q) {
-  const double re = to_double(q.re);
-  const double im = to_double(q.im);
-  return {re, im, to_double(qq(q)), std::hypot(re, im), 1};
-}
-
-void add_point(G1Range& sums, std::size_t column, std::int32_t x, const PointValues& values) {
-  ++sums.count;
-  for (std::size_t quantity = 0; quantity < g1_quantity_count; ++quantity) {
-    sums.curve[quantity].at[column] += values[quantity];
+/// What is summed up of the points of a chunk, quantity by quantity but for their number.
+struct ChunkValues {
+  explicit ChunkValues(const Chunk& chunk) {
+    const auto part = [&chunk](std::array<double, Chunk::most_points>& values) {
+      return std::span(values).first(chunk.count);
+    };
+    chunk.block.re().decode(chunk.first, part(of[g1_qre]));
+    chunk.block.im().decode(chunk.first, part(of[g1_qim]));
+    decode_squares(chunk.block, chunk.first, part(of[g1_qq]));
+    decode_magnitudes(chunk.block, chunk.first, part(of[g1_qa]));
   }
-  std::optional<std::int32_t>& first = sums.first_x[column];
-  first = std::min(first.value_or(x), x);
+
+  std::array<std::array<double, Chunk::most_points>, g1_cntAt> of;
+};
+
+void add_points(const G1Par& par, G1Range& sums, const PointsInside& points, const ChunkValues& values) {
+  std::array<double*, g1_quantity_count> at;
+  for (std::size_t quantity = 0; quantity < at.size(); ++quantity)
+    at[quantity] = sums.curve[quantity].at.data();
+  sums.count += static_cast<std::int64_t>(points.count);
+  for (std::size_t i = 0; i < points.count; ++i) {
+    const std::int32_t x = points.x[i];
+    const std::size_t place = points.place[i];
+    const std::size_t column = par.column_of(x);
+    for (std::size_t quantity = 0; quantity < g1_cntAt; ++quantity) {
+      at[quantity][column] += values.of[quantity][place];
+    }
+    at[g1_cntAt][column] += 1;
+    std::optional<std::int32_t>& first = sums.first_x[column];
+    if (!first || x < *first) first = x;
+  }
+}
+
+/// True when both ranges take every point, along the same x: their curves are then the same.
+bool ranges_are_alike(const G1Task& task, const RangeFlags& taken) {
+  if (x_position(task, 0) != x_position(task, 1)) return false;
+  const Lmap::Rows rows = task.lmap.rows();
+  return std::all_of(rows.begin(), rows.end(), [&](const Row& row) {
+    const RowRanges ranges(task, taken, row);
+    return ranges.all(0) && ranges.all(1);
+  });
 }
 
 bool bin_points(const G1Task& task, const RangeFlags& taken, G1Par& par, Progress& progress) {
-  return walk(task, taken, progress, "summed up", [&](const Lmap::Cursor& place, const RangeFlags& inside) {
-    const PointValues values = values_of(place.quantity());
-    for (std::size_t range = 0; range < g1_range_count; ++range) {
-      if (!inside[range]) continue;
-      const std::int32_t x = x_of(place.key(), task, range);
-      add_point(par.range[range], par.column_of(x), x, values);
-    }
-  });
+  const bool alike = ranges_are_alike(task, taken);
+  const bool complete = walk(
+      task, taken, progress, "summed up", [](const Row&, const RowRanges&) { return false; },
+      [&](const Chunk& chunk, const RowRanges& ranges) {
+        const ChunkValues values(chunk);
+        for (std::size_t range = 0; range < (alike ? 1 : g1_range_count); ++range) {
+          if (ranges.none(range)) continue;
+          add_points(par, par.range[range], PointsInside(task, chunk, ranges.of(range), range), values);
+        }
+      });
+  if (alike) par.range[1] = par.range[0];
+  return complete;
 }
 
 void take_size(const G1Task& task, G1Par& par, Messages& messages) {

@@ -26,8 +26,9 @@ struct G1Task {
 /// Sums the points inside the ranges up by pixel columns along x, in two walks over the store in key order,
 /// as the parameters Graph1_... say. A range takes part when one of its boxes is checked; with
 /// Graph1_quick_xscale_r12_common both do. After every Graph_EntryCountPerDisplay points the caption is shown
-/// and Break is asked for. Throws floating_overflow or math_error when a sum or a quotient is not finite. Any
-/// end but `calculated`, and any exception, leaves par cleared.
+/// and Break is asked for, which it is after 10,000 points at the latest. Throws floating_overflow or
+/// math_error when a sum or a quotient is not finite. Any end but `calculated`, and any exception, leaves par
+/// cleared.
 G1Outcome Calc_gc_from_lgl(const G1Task& task, G1Par& par, Messages& messages, Progress& progress);
 
 /// Likewise; a failure is reported instead: " MathError when calculating G1Par: \n" and its text for a

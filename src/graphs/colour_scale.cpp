@@ -1,7 +1,8 @@
 #include "graphs/colour_scale.h"
 
-#include <algorithm>
+#include <utility>
 
+#include "graphs/distinct_values.h"
 #include "numbers/floating_text.h"
 #include "text/integers.h"
 
@@ -24,18 +25,19 @@ int threshold_index(double k, double step, Messages& messages) {
 }
 
 void ColourScale::Set_equally_distributed_fclimit(std::vector<double> values, Messages& messages) {
-  std::sort(values.begin(), values.end());
-  values.erase(std::unique(values.begin(), values.end()), values.end());
-  const double step = (fclimit_count - 1) / static_cast<double>(values.size());
-  fclimit_[0] = values.front();
+  const std::vector<double> Vmap = distinct_values(std::move(values));
+  const double step = (fclimit_count - 1) / static_cast<double>(Vmap.size());
+  fclimit_[0] = Vmap.front();
   std::size_t prev = 1;
   double k = 0;
-  for (const double value : values) {
-    const auto index = static_cast<std::size_t>(threshold_index(++k, step, messages));
+  for (const double value : Vmap) {
+    // Most of many values are the last one of no threshold.
+    if (++k * step < static_cast<double>(prev)) continue;
+    const auto index = static_cast<std::size_t>(threshold_index(k, step, messages));
     for (; prev <= index; ++prev) fclimit_[prev] = value;
   }
   for (; prev <= top_limit; ++prev) fclimit_[prev] = fclimit_[prev - 1];
-  top_ = values.back();
+  top_ = Vmap.back();
 }
 
 void ColourScale::set_linear_fclimit(double smallest, double largest) {
@@ -54,28 +56,26 @@ Colour ColourScale::colour_between(std::size_t i, double q) const {
   return ramp_.at((static_cast<double>(i) + share) / (fclimit_count - 1));
 }
 
-Colour ColourScale::color_from_fcl_table(double q, Messages& messages) const {
-  if (q >= fclimit_[top_limit]) {
-    if (littlesm(q) > fclimit_[top_limit]) {
-      messages.minor_warning("color_from_fcl_table: \n" + text(fclimit_[top_limit]) +
-                             "=fclimit[fclimit_count-1] < littlesm(q)=" + text(littlesm(q)));
-    }
-    return clg2_from_01(ramp_, 1, messages);
-  }
-  if (q < fclimit_[0]) {
-    if (littlegr(q) < fclimit_[0]) {
-      messages.minor_warning("color_from_fcl_table: fclimit[0]>littlegr(q)");
-    }
-    return clg2_from_01(ramp_, 0, messages);
-  }
+Colour ColourScale::colour_of(double q) const {
+  if (q >= fclimit_[top_limit]) return ramp_.at(1);
+  if (q < fclimit_[0]) return ramp_.at(0);
   std::size_t lo = 0;
   std::size_t hi = top_limit;
   while (hi - lo > 1) {
     const std::size_t mid = (lo + hi) / 2;
     (q < fclimit_[mid] ? hi : lo) = mid;
   }
-  if (!ramp_.valid()) messages.error(ramp_.complaint());
   return colour_between(lo, q);
+}
+
+Colour ColourScale::color_from_fcl_table(double q, Messages& messages) const {
+  if (littlesm(q) > fclimit_[top_limit]) {
+    messages.minor_warning("color_from_fcl_table: \n" + text(fclimit_[top_limit]) +
+                           "=fclimit[fclimit_count-1] < littlesm(q)=" + text(littlesm(q)));
+  }
+  if (littlegr(q) < fclimit_[0]) messages.minor_warning("color_from_fcl_table: fclimit[0]>littlegr(q)");
+  if (!ramp_.valid()) messages.error(ramp_.complaint());
+  return colour_of(q);
 }
 
 }  // namespace kov

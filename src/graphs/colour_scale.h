@@ -36,7 +36,7 @@ class ColourScale {
   explicit ColourScale(const ColourRamp& ramp) : ramp_(ramp) {}
 
   /// Every distinct value gets the same share of the ramp, whatever its distance to the next. The values, of
-  /// which there is one at least, are finite. O(n log n).
+  /// which there is one at least, are finite.
   void Set_equally_distributed_fclimit(std::vector<double> values, Messages& messages);
   /// The ramp is spread evenly from the smallest to the largest value.
   void set_linear_fclimit(double smallest, double largest);
@@ -46,8 +46,9 @@ class ColourScale {
   const Thresholds& fclimit() const { return fclimit_; }
   const ColourRamp& ramp() const { return ramp_; }
 
-  /// The colour of a value. One outside the table gets that of the table's end, with a warning unless it lies
-  /// outside by rounding errors only.
+  /// The colour of a value. One outside the table gets that of the table's end.
+  Colour colour_of(double q) const;
+  /// Likewise; warns of a value that lies outside by more than rounding errors, and reports an invalid mode.
   Colour color_from_fcl_table(double q, Messages& messages) const;
 
   /// The colour of q where fclimit[i] <= q < fclimit[i + 1].

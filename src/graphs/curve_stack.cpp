@@ -61,6 +61,7 @@ struct StackGeometry {
                     CurveState state) const {
     StackedCurve drawn{.row = row.row, .y = row.y, .state = state, .line = {}, .zero = y(0, curve)};
     drawn.line.colour = curve_colour(state);
+    drawn.line.width = state == curve_unselected ? 1 : 1.5;
     for (const CurvePoint& point : line_of_bars(bars, map.x.pixels, vertical_edges)) {
       drawn.line.points.push_back({point.x, y(point.value, curve)});
     }
@@ -118,9 +119,9 @@ std::string curve_label(std::int32_t y) { return "y = " + int_text(y); }
 Colour curve_colour(CurveState state) {
   switch (state) {
     case curve_blue:
-      return {0, 60, 220};
+      return {0, 40, 170};
     case curve_red:
-      return {210, 30, 0};
+      return {220, 50, 20};
     case curve_unselected:
       break;
   }

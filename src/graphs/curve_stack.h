@@ -52,7 +52,8 @@ struct CurveStack {
 /// "y = 5".
 std::string curve_label(std::int32_t y);
 
-/// Blue, red, and grey for a curve that is not selected.
+/// Blue, red, and grey for a curve that is not selected; each lighter than the one before, so that they
+/// differ in black and white, too.
 Colour curve_colour(CurveState state);
 
 /// Draws rows of a map as a stack of curves, as Graph2a_..., Graph_y_border_percent and

@@ -7,6 +7,7 @@
 #include "graphs/graph1_picture.h"
 #include "graphs/legend.h"
 #include "graphs/oplot.h"
+#include "interact/scoped_flag.h"
 
 namespace kov {
 namespace {
@@ -31,18 +32,6 @@ std::string label_of(G1Outcome outcome) {
   }
   return invitation;
 }
-
-/// Sets a flag as long as it lives.
-class Raised {
- public:
-  explicit Raised(bool& flag) : flag_(flag) { flag_ = true; }
-  ~Raised() { flag_ = false; }
-  Raised(const Raised&) = delete;
-  Raised& operator=(const Raised&) = delete;
-
- private:
-  bool& flag_;
-};
 
 /// The smallest x value of the points that the ranges which are drawn have in a column.
 std::optional<std::int32_t> first_x(const G1View& view, std::size_t column) {
@@ -71,7 +60,7 @@ void Graph1Page::check_box_changed() {
 /// the progress box breathes.
 void Graph1Page::calculate() {
   if (calculating_) return;
-  const Raised raised(calculating_);
+  const ScopedFlag calculating(calculating_);
   outcome_ = G1Outcome::broken;
   origin_ = {.table = sources_.tables.current_table(),
              .table_index = sources_.tables.current_index(),
@@ -86,6 +75,12 @@ void Graph1Page::calculate() {
 void Graph1Page::draw() {
   const std::size_t curves = view().curves().size();
   if (drawn() && sources_.oplot && curves != 2) messages_.warning(oplot_complaint(curves));
+  tell_changed();
+}
+
+void Graph1Page::file_renamed() {
+  if (!drawn()) return;
+  origin_.file_name = sources_.file_name();
   if (changed_) changed_();
 }
 
@@ -106,7 +101,12 @@ bool Graph1Page::fits_calculation() const {
 
 Picture Graph1Page::picture(int width, int height, const TextMeasure& measure) {
   fit(width, height, measure);
-  if (!fits_calculation()) show();
+  if (!was_calculated()) {
+    show();
+  } else if (!fits_calculation()) {
+    calculate();
+    tell_changed();
+  }
   if (!drawn()) return label_picture(width, height, label(), measure);
   return graph1_picture(view(), width, height, measure, messages_);
 }

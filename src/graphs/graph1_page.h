@@ -45,13 +45,17 @@ class Graph1Page {
   /// The label Label_g1_oplot was clicked: draws what is calculated.
   void oplot_changed() { draw(); }
 
+  /// The data have another file: what is drawn gets its name.
+  void file_renamed();
+
   /// The image of the next calculation, in pixels; 1000 x 700 at first.
   void set_image_size(int width, int height);
   /// Likewise, as the part of a picture of this size that title, legend and axes leave.
   void fit(int width, int height, const TextMeasure& measure);
 
-  /// The page as a picture: the drawing, or the label where nothing is drawn. Calculates anew when this size
-  /// gives the image another width than that of the last calculation; who is about to show the page calls
+  /// The page as a picture: the drawing, or the label where nothing is drawn. A page that has never been
+  /// shown is shown first. Calculates anew when this size gives the image another width than that of the last
+  /// calculation, without telling again how many curves an oplot takes; who is about to show the page calls
   /// fit() first, so that it is calculated once. While a calculation runs nothing is drawn.
   Picture picture(int width, int height, const TextMeasure& measure);
   /// The numbers behind it: a row for each column that holds a point of a range that is drawn. Columns: the
@@ -75,6 +79,10 @@ class Graph1Page {
  private:
   void calculate();
   void draw();
+  void tell_changed() const {
+    if (changed_) changed_();
+  }
+  bool was_calculated() const { return calculated_width_ >= 0; }
   bool fits_calculation() const;
   G1View view() const;
   bool any_checked() const;
@@ -84,7 +92,7 @@ class Graph1Page {
   Progress& progress_;
   int width_ = 1000;
   int height_ = 700;
-  /// Those of the last calculation.
+  /// Those of the last calculation; negative before the first one.
   int calculated_width_ = -1;
   int calculated_height_ = -1;
   G1Par par_;

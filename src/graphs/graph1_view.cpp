@@ -35,6 +35,8 @@ std::string G1View::title() const {
     title += ", SR" + int_text(static_cast<std::int64_t>(range) + 1) + ": " +
              range_title(origin.table.range[range]);
   }
+  // The axes of an oplot do not say it.
+  if (draws_oplot()) title += ", along " + x_name();
   return title;
 }
 

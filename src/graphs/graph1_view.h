@@ -37,7 +37,8 @@ struct G1View {
   bool draws_oplot() const { return oplot && curves().size() == 2; }
   bool black_and_white() const { return cph.kmi("Graph1_OnlyBlackWhite") != 0; }
 
-  /// "walk.aa1, range table 0, SR1: l=0 n=0 k1=-...+", with the ranges that are drawn.
+  /// "walk.aa1, range table 0, SR1: l=0 n=0 k1=-...+", with the ranges that are drawn; of an oplot with the
+  /// coordinate besides along which its pairs are: ", along k1".
   std::string title() const;
   /// The coordinate along x, or that of each range where they differ.
   std::string x_name() const;

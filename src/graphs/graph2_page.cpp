@@ -10,6 +10,7 @@
 #include "graphs/graph2_table.h"
 #include "graphs/legend.h"
 #include "graphs/map_raster.h"
+#include "interact/scoped_flag.h"
 #include "numbers/errors.h"
 #include "text/integers.h"
 
@@ -23,18 +24,6 @@ constexpr std::size_t megabyte = std::size_t{1} << 20U;
 constexpr std::size_t drawing_bytes =
     std::size_t{max_hpixcount} * max_vpixcount * sizeof(double) + sizeof(Graph2Drawing);
 constexpr auto drawing_megabytes = static_cast<std::int64_t>((drawing_bytes + megabyte / 2) / megabyte);
-
-/// A flag that is set for a scope, whatever ends it.
-class SetWhileAlive {
- public:
-  explicit SetWhileAlive(bool& flag) : flag_(flag) { flag_ = true; }
-  ~SetWhileAlive() { flag_ = false; }
-  SetWhileAlive(const SetWhileAlive&) = delete;
-  SetWhileAlive& operator=(const SetWhileAlive&) = delete;
-
- private:
-  bool& flag_;
-};
 
 ColourScale scale_of(const ValueMap& map, const cphclass& cph, Messages& messages) {
   ColourScale scale(ColourRamp::read(cph));
@@ -106,7 +95,7 @@ void Graph2Page::redraw() {
   label_.clear();
   const ImageSize image = image_;
   {
-    const SetWhileAlive calculating(calculating_);
+    const ScopedFlag calculating(calculating_);
     label_ = calculate_and_draw();
   }
   calculated_ = image;
@@ -117,6 +106,12 @@ void Graph2Page::draw_curves_anew() {
   if (!drawn() || !drawing_->stack) return;
   drawing_->stack =
       PlotMultiple1DGraphsOnGimage2(drawing_->map, sources_.states, sources_.cph, user_.messages);
+  if (changed_) changed_();
+}
+
+void Graph2Page::file_renamed() {
+  if (!drawn()) return;
+  drawing_->origin.file_name = sources_.file_name();
   if (changed_) changed_();
 }
 

@@ -47,6 +47,8 @@ class Graph2Page {
   void redraw();
   /// The states of the curves have changed: draws anew what was calculated.
   void draw_curves_anew();
+  /// The data have another file: what is drawn gets its name.
+  void file_renamed();
   /// A click on a radio button, 0 ... 9, which Graph2_RB_state_saving also stores in the parameter. Draws
   /// anew what is drawn.
   void radio(int index);

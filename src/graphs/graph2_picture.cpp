@@ -1,12 +1,11 @@
 #include "graphs/graph2_picture.h"
 
-#include <algorithm>
 #include <array>
-#include <cmath>
 #include <cstddef>
 #include <utility>
 #include <vector>
 
+#include "graphs/curve_labels.h"
 #include "graphs/curve_names.h"
 #include "graphs/legend.h"
 #include "graphs/map_raster.h"
@@ -17,17 +16,11 @@
 namespace kov {
 namespace {
 
-/// Of labels of curves that are not selected; the curves' own grey is too light for texts.
-constexpr Colour quiet_text{100, 100, 100};
-/// Between plot and label, in pixels.
-constexpr double label_gap = 6;
-
 bool draws_curves(const cphclass& cph) { return cph.kmi("Graph2a_ny") != 0; }
 
-GridOptions options_of(const cphclass& cph) { return grid_options(cph, cph.kmi("Graph2_color_mode")); }
-
-double curve_label_room(const TextMeasure& measure) {
-  return 2 * label_gap + measure.width(curve_label(lowest_int), graph_text_size);
+/// Over a map the grid stands out from the map's colours, behind curves it steps back.
+GridOptions options_of(const cphclass& cph) {
+  return grid_options(cph, draws_curves(cph) ? grid_mode_paper : cph.kmi("Graph2_color_mode"));
 }
 
 std::string title_of(const Graph2Drawing& drawing) {
@@ -62,31 +55,6 @@ void draw_map(Picture& picture, const PlotArea& area, const Graph2Drawing& drawi
   draw_colour_legend(picture, area, colour_fields(drawing.scale, cph.kmi("Graph_num_precision")), measure);
 }
 
-/// Beside the right end of each curve its label, at the height of its zero; where labels would overlap,
-/// those of selected curves go first, then the frontal ones.
-void draw_labels(Picture& picture, const PlotArea& area, const CurveStack& stack,
-                 const TextMeasure& measure) {
-  const double left = area.left + area.width + label_gap;
-  const double height = measure.height(graph_text_size);
-  std::vector<const StackedCurve*> order;
-  for (const StackedCurve& curve : stack.curves) order.push_back(&curve);
-  std::stable_partition(order.begin(), order.end(),
-                        [](const StackedCurve* curve) { return curve->state != curve_unselected; });
-  std::vector<double> taken;
-  for (const StackedCurve* curve : order) {
-    const double y = area.top + curve->zero;
-    const std::string label = curve_label(curve->y);
-    const bool free =
-        std::none_of(taken.begin(), taken.end(), [&](double other) { return std::abs(other - y) < height; });
-    const bool fits = left + measure.width(label, graph_text_size) <= picture.width && y - height / 2 >= 0 &&
-                      y + height / 2 <= picture.height;
-    if (!free || !fits) continue;
-    taken.push_back(y);
-    const Colour colour = curve->state == curve_unselected ? quiet_text : curve_colour(curve->state);
-    picture.texts.push_back({{left, y}, Anchor::left, label, graph_text_size, colour});
-  }
-}
-
 void draw_stack(Picture& picture, const PlotArea& area, const Graph2Drawing& drawing, const cphclass& cph,
                 const TextMeasure& measure, Messages& messages) {
   const CurveStack& stack = *drawing.stack;
@@ -95,7 +63,7 @@ void draw_stack(Picture& picture, const PlotArea& area, const Graph2Drawing& dra
   for (auto curve = stack.curves.rbegin(); curve != stack.curves.rend(); ++curve) {
     picture.lines.push_back(moved(curve->line, area));
   }
-  draw_labels(picture, area, stack, measure);
+  draw_curve_labels(picture, area, stack, coordinate_name(drawing.map.y.position), measure);
 }
 
 }  // namespace
@@ -113,8 +81,8 @@ std::vector<ColourField> colour_fields(const ColourScale& scale, int digits) {
   for (int label = 0; label <= steps; ++label) {
     const std::size_t threshold =
         static_cast<std::size_t>(label) * static_cast<std::size_t>((fclimit_count - 1) / steps);
-    fields.push_back({scale.ramp().at(static_cast<double>(label) / steps),
-                      floating_text(scale.fclimit()[threshold], digits)});
+    const double value = scale.fclimit()[threshold];
+    fields.push_back({scale.colour_of(value), floating_text(value, digits)});
   }
   return fields;
 }

@@ -39,8 +39,8 @@ struct Graph2Drawing {
 /// "SR1: re" and the like.
 std::string map_name(const ValueMap& map, bool divided);
 
-/// The 21 labels of the legend, from the lowest: places at equal distances on the ramp, each with the
-/// threshold at which the scale reaches it.
+/// The 21 fields of the legend, from the lowest: the thresholds at equal distances in the table, each in the
+/// colour that its value has in the map. With few distinct values neighbouring fields are alike.
 std::vector<ColourField> colour_fields(const ColourScale& scale, int digits);
 
 /// The image, which is the plot without title, axes and legend, in a picture of this size. Depends on

@@ -42,7 +42,7 @@ void draw_curve_legend(Picture& picture, PicturePoint corner, double width,
 /// The fields of the colour legend, Label_g2_color0 ... Label_g2_color20.
 inline constexpr int colour_field_count = 21;
 
-/// One of them: a colour of the scale and the value that it stands for.
+/// One of them: a value of the scale and its colour.
 struct ColourField {
   Colour colour;
   std::string text;

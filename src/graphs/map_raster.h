@@ -10,8 +10,9 @@
 
 namespace kov {
 
-/// Behind a map: no ramp has it, so the largest values, which are white, differ from places without points.
-inline constexpr Colour map_background{226, 232, 240};
+/// Behind a map: no ramp has it, so the largest values, which are white, differ from places without points;
+/// dark enough for them to stand out.
+inline constexpr Colour map_background{178, 200, 232};
 
 /// Paints a map: each value a rectangle of its coordinates' size in its colour of the scale, onto the
 /// background. y_min is at the lower edge. "Plotting line " + i + " of " + n is shown, and Break

@@ -21,7 +21,8 @@ ValueInterval ValueInterval::joined(const ValueInterval& other) const {
 ValueInterval ValueInterval::zoomed(std::int32_t percent) const {
   const double length = max - min;
   const double single = min == 0 ? 1 : std::abs(min);
-  const double border = length > 0 ? finite(length) * percent / 100 : single;
+  // A line of a data file may widen its own range; an interval must not become empty by it.
+  const double border = length > 0 ? finite(length) * std::max(percent, 0) / 100 : single;
   return {finite(min - border), finite(max + border)};
 }
 

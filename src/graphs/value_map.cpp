@@ -1,9 +1,13 @@
 #include "graphs/value_map.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <span>
 
 #include "graphs/too_few_pixels.h"
+#include "lattice/block_points.h"
+#include "lattice/row_range.h"
 #include "numbers/errors.h"
 #include "sums/sum_progress.h"
 
@@ -20,24 +24,32 @@ int cut(const std::string& name, int pixels, int most, Messages& messages) {
   return most;
 }
 
-std::int32_t coordinate(const Lk& key, const MapAxis& axis) {
-  return key.coo[static_cast<std::size_t>(axis.position)];
-}
+std::size_t position_of(const MapAxis& axis) { return static_cast<std::size_t>(axis.position); }
 
-double value_of(const cotyp& q, MapQuantity quantity) {
+/// Some of the points of a block that lie inside the range: where they are, and what of them.
+struct MapPoints {
+  static constexpr std::size_t most = 1024;
+
+  std::size_t count = 0;
+  std::array<std::int32_t, most> x;
+  std::array<std::int32_t, most> y;
+  std::array<double, most> value;
+};
+
+void decode_values(const Block& block, std::size_t first, MapQuantity quantity, std::span<double> out) {
   switch (quantity) {
     case MapQuantity::re:
-      return to_double(q.re);
+      return block.re().decode(first, out);
     case MapQuantity::im:
-      return to_double(q.im);
+      return block.im().decode(first, out);
     case MapQuantity::qa:
-      return std::hypot(to_double(q.re), to_double(q.im));
+      return decode_magnitudes(block, first, out);
     case MapQuantity::qq:
-      return to_double(qq(q));
+      return decode_squares(block, first, out);
     case MapQuantity::cntAt:
       break;
   }
-  return 1;
+  std::fill(out.begin(), out.end(), 1.0);
 }
 
 /// One calculation: its parameters and the map that it fills.
@@ -65,23 +77,67 @@ class Calculation {
   }
 
  private:
-  /// Calls visit(key, quantity) for every point inside the range; false when Break was pressed.
-  template <class Visit>
-  bool walk(std::string_view done, const Visit& visit) {
+  /// Calls visit(points) for the points inside the range, some at a time, with their values if needed, but
+  /// not for a row of which visit_row(row, inside) says that it is done; false when Break was pressed.
+  template <class VisitRow, class Visit>
+  bool walk(std::string_view done, bool values, const VisitRow& visit_row, const Visit& visit) {
     SumProgress progress(user_.progress, static_cast<std::int64_t>(lmap_.count()), points_per_display_, done);
-    const auto end = lmap_.end();
-    for (auto point = lmap_.begin(); point != end; ++point) {
-      const Lk& key = point.key();
-      if (box_.contains(key)) visit(key, point);
-      if (!progress.advance()) return false;
+    for (const Row& row : lmap_.rows()) {
+      const RowRange inside(row, box_);
+      if (inside.none() || visit_row(row, inside)) {
+        if (!progress.advance(static_cast<std::int64_t>(row.count()))) return false;
+        continue;
+      }
+      for (std::size_t i = 0; i < row.block_count(); ++i) {
+        const Block& block = row.block(i);
+        for (std::size_t first = 0; first < block.size();) {
+          const auto until_check = static_cast<std::size_t>(progress.until_check());
+          const std::size_t count = std::min({block.size() - first, MapPoints::most, until_check});
+          read_points(row, block, inside, first, count, values);
+          visit(points_);
+          first += count;
+          if (!progress.advance(static_cast<std::int64_t>(count))) return false;
+        }
+      }
     }
     return true;
   }
 
+  void read_points(const Row& row, const Block& block, const RowRange& inside, std::size_t first,
+                   std::size_t count, bool values) {
+    decode_coordinates(row, block, position_of(map_.x), first, std::span(points_.x).first(count));
+    decode_coordinates(row, block, position_of(map_.y), first, std::span(points_.y).first(count));
+    if (values) decode_values(block, first, map_.choice.quantity, std::span(points_.value).first(count));
+    points_.count = count;
+    if (inside.all()) return;
+    std::array<std::uint8_t, MapPoints::most> flags;
+    inside.mark(block, first, std::span(flags).first(count));
+    points_.count = 0;
+    for (std::size_t i = 0; i < count; ++i) {
+      points_.x[points_.count] = points_.x[i];
+      points_.y[points_.count] = points_.y[i];
+      points_.value[points_.count] = points_.value[i];
+      points_.count += flags[i];
+    }
+  }
+
+  void include(const Lk& key) {
+    map_.x.include(key.coo[position_of(map_.x)]);
+    map_.y.include(key.coo[position_of(map_.y)]);
+  }
+
   bool find_extent() {
-    const bool complete = walk("checked", [this](const Lk& key, const Lmap::Cursor&) {
-      map_.x.include(coordinate(key, map_.x));
-      map_.y.include(coordinate(key, map_.y));
+    const auto by_box = [this](const Row& row, const RowRange& inside) {
+      if (!inside.all() || !row.box_is_exact()) return false;
+      include(row.box().min);
+      include(row.box().max);
+      return true;
+    };
+    const bool complete = walk("checked", false, by_box, [this](const MapPoints& points) {
+      for (std::size_t i = 0; i < points.count; ++i) {
+        map_.x.include(points.x[i]);
+        map_.y.include(points.y[i]);
+      }
     });
     map_.x.widen();
     map_.y.widen();
@@ -99,14 +155,15 @@ class Calculation {
     map_.columns.assign(static_cast<std::size_t>(map_.x.pixels), std::nullopt);
     map_.rows.assign(static_cast<std::size_t>(map_.y.pixels), {});
     map_.grid.clear(map_.x.pixels, map_.y.pixels);
-    return walk("summed up",
-                [this](const Lk& key, const Lmap::Cursor& point) { add(key, point.quantity()); });
+    return walk(
+        "summed up", true, [](const Row&, const RowRange&) { return false; },
+        [this](const MapPoints& points) {
+          map_.point_count += static_cast<std::int64_t>(points.count);
+          for (std::size_t i = 0; i < points.count; ++i) add(points.x[i], points.y[i], points.value[i]);
+        });
   }
 
-  void add(const Lk& key, const cotyp& q) {
-    ++map_.point_count;
-    const std::int32_t x = coordinate(key, map_.x);
-    const std::int32_t y = coordinate(key, map_.y);
+  void add(std::int32_t x, std::int32_t y, double value) {
     const int column = map_.x.pixel(x);
     const int row = map_.y.pixel(y);
     // Coordinates differ just when their places in pixels do.
@@ -116,7 +173,7 @@ class Calculation {
     if (!of_row.y) of_row.y = y;
     if (!overlapping_ && (x != *first_x || y != *of_row.y)) return;
     of_row.take_x(x);
-    const double sum = map_.grid.add(column, row, value_of(q, map_.choice.quantity));
+    const double sum = map_.grid.add(column, row, value);
     if (!std::isfinite(sum)) throw floating_overflow();
   }
 
@@ -134,6 +191,7 @@ class Calculation {
   ValueMap& map_;
   std::int64_t points_per_display_;
   bool overlapping_;
+  MapPoints points_{};
 };
 
 }  // namespace

@@ -129,6 +129,7 @@ void Block::insert(std::size_t i, std::uint64_t key, const cotyp& q) {
     }
     insert_key(*near, i, static_cast<std::uint32_t>(key - base_));
   } else if (auto* far = std::get_if<std::vector<std::uint64_t>>(&keys_)) {
+    base_ = std::min(base_, key);
     insert_key(*far, i, key);
   }
   insert_quantity(i, q);
@@ -180,10 +181,20 @@ void Block::keep(std::span<const std::uint32_t> indices) noexcept {
 Block Block::split(std::size_t i) {
   Block upper = *this;
   upper.erase(0, i);
+  upper.raise_base();
   upper.shrink();
   erase(i, size() - i);
   shrink();
   return upper;
+}
+
+void Block::raise_base() noexcept {
+  if (wide()) return;
+  const auto distance = static_cast<std::uint32_t>(first_key() - base_);
+  base_ = first_key();
+  if (auto* near = std::get_if<std::vector<std::uint32_t>>(&keys_)) {
+    for (std::uint32_t& offset : *near) offset -= distance;
+  }
 }
 
 void Block::move_to(std::int32_t n) noexcept {

@@ -47,7 +47,7 @@ class Block {
   /// The keys of a wide block.
   const Lk& wide_key(std::size_t i) const noexcept { return (*std::get_if<std::vector<Lk>>(&keys_))[i]; }
 
-  /// What the offsets are added to; not above the first key.
+  /// What the offsets are added to. Not above the first key, nor, in a row, below a key of the block before.
   std::uint64_t base() const noexcept { return base_; }
   /// nullptr unless the keys are stored as offsets.
   const std::uint32_t* offsets() const noexcept { return array<std::uint32_t>(); }
@@ -100,6 +100,8 @@ class Block {
   /// Reserves a place among the keys for this one, as an offset while that is possible.
   void make_room(std::uint64_t key);
   void make_far();
+  /// To the first key.
+  void raise_base() noexcept;
 
   std::uint64_t base_ = 0;
   Keys keys_;

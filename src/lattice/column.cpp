@@ -69,9 +69,17 @@ Column& Column::operator=(Column other) noexcept {
   return *this;
 }
 
-Column Column::zero(std::size_t count) noexcept { return {PartForm::zero, count}; }
+Column Column::zero(std::size_t count) noexcept {
+  Column column;
+  column.size_ = static_cast<std::uint32_t>(count);
+  return column;
+}
 
-Column Column::floating_zero(std::size_t count) noexcept { return {PartForm::floating_zero, count}; }
+Column Column::floating_zero(std::size_t count) noexcept {
+  Column column = zero(count);
+  column.form_ = PartForm::floating_zero;
+  return column;
+}
 
 Column Column::integers(std::span<const std::int32_t> numerators, std::int32_t denominator) {
   Column column(PartForm::integers, numerators.size(),
@@ -104,7 +112,8 @@ Column Column::of(std::span<const ratyp> parts) {
 
 Column Column::exact_of(std::span<const ratyp> parts) {
   if (std::all_of(parts.begin(), parts.end(), is_exact_zero)) return zero(parts.size());
-  Column column(PartForm::fractions, parts.size());
+  Column column = zero(parts.size());
+  column.form_ = PartForm::fractions;
   if (const auto denominator = common_denominator(parts)) {
     column.form_ = PartForm::integers;
     column.denominator_ = *denominator;
@@ -160,7 +169,7 @@ std::size_t Column::bytes() const noexcept {
   return bytes;
 }
 
-ratyp Column::get(std::size_t i) const noexcept {
+ratyp Column::get_other(std::size_t i) const noexcept {
   ratyp part = form_ == PartForm::floating_zero ? ratyp::floating(0.0) : ratyp();
   on_vector(parts_, [&](const auto& vector) { part = value(vector[i]); });
   return part;
@@ -180,10 +189,10 @@ void Column::decode(std::size_t first, std::span<double> out) const noexcept {
   if (const double* values = doubles()) {
     std::copy_n(values + first, out.size(), out.begin());
   } else if (const std::int32_t* numerators = integers()) {
-    const auto denominator = static_cast<double>(denominator_);
-    for (std::size_t i = 0; i < out.size(); ++i) {
-      out[i] = static_cast<double>(numerators[first + i]) / denominator;
-    }
+    std::transform(numerators + first, numerators + first + out.size(), out.begin(),
+                   [](std::int32_t numerator) { return static_cast<double>(numerator); });
+    if (denominator_ == 1) return;
+    for (double& value : out) value /= static_cast<double>(denominator_);
   } else if (std::holds_alternative<std::monostate>(parts_)) {
     std::fill(out.begin(), out.end(), 0.0);
   } else {
@@ -192,7 +201,8 @@ void Column::decode(std::size_t first, std::span<double> out) const noexcept {
 }
 
 Column Column::picked(std::span<const std::uint32_t> indices) const {
-  Column column(form_, indices.size());
+  Column column = zero(indices.size());
+  column.form_ = form_;
   column.denominator_ = denominator_;
   on_vector(parts_, [&]<class T>(const T& vector) {
     T& taken = column.parts_.emplace<T>(indices.size());
@@ -203,7 +213,8 @@ Column Column::picked(std::span<const std::uint32_t> indices) const {
 }
 
 Column Column::slice(std::size_t first, std::size_t count) const {
-  Column column(form_, count);
+  Column column = zero(count);
+  column.form_ = form_;
   column.denominator_ = denominator_;
   on_vector(parts_, [&]<class T>(const T& vector) {
     const auto begin = vector.begin() + static_cast<std::ptrdiff_t>(first);

@@ -44,7 +44,11 @@ class Column {
   std::size_t bytes() const noexcept;
 
   /// i < size()
-  ratyp get(std::size_t i) const noexcept;
+  ratyp get(std::size_t i) const noexcept {
+    if (form_ == PartForm::zero) return {};
+    if (form_ == PartForm::integers && denominator_ == 1) return integers()[i];
+    return get_other(i);
+  }
   /// The parts from first on, as many as out takes.
   void decode(std::size_t first, std::span<ratyp> out) const noexcept;
   /// Likewise by their floating values, to_double of each.
@@ -91,7 +95,7 @@ class Column {
   using Parts = std::variant<std::monostate, std::vector<std::int32_t>, std::vector<Fraction32>,
                              std::vector<double>, std::vector<MixedPart>>;
 
-  Column(PartForm form, std::size_t count, Parts parts = {}) noexcept
+  Column(PartForm form, std::size_t count, Parts parts) noexcept
       : parts_(std::move(parts)), size_(static_cast<std::uint32_t>(count)), form_(form) {}
   static Column exact_of(std::span<const ratyp> parts);
   static Column mixed_of(std::span<const ratyp> parts);
@@ -120,6 +124,8 @@ class Column {
   void encode(const ratyp& part, double& place) const noexcept { place = part.fl(); }
   void encode(const ratyp& part, MixedPart& place) const noexcept { place = mixed(part); }
   void note(const ratyp& part) noexcept;
+  /// get in the forms that take more to read.
+  ratyp get_other(std::size_t i) const noexcept;
 
   Parts parts_;
   std::uint32_t size_ = 0;

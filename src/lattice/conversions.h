@@ -6,8 +6,8 @@
 
 namespace kov {
 
-/// Makes both parts of every quantity floating; there is no way back. Throws std::bad_alloc; the store is then as
-/// it was.
+/// Makes both parts of every quantity floating; there is no way back. Throws std::bad_alloc; the store is
+/// then as it was.
 void all_to_float(Lmap& lmap);
 
 /// Replaces every quantity q by the quotient 1/q and gives their number. Throws std::bad_alloc, and

@@ -68,26 +68,21 @@ std::optional<KeyFrame> KeyFrame::with_room(const KeyBox& box) {
   return KeyFrame(box, bits, Room::around);
 }
 
-KeyFrame::KeyFrame(const KeyBox& box, const Bits& bits, Room room) noexcept : bits_(bits) {
+KeyFrame::KeyFrame(const KeyBox& box, const Bits& bits, Room room) noexcept : low_{} {
   int shift = sum_of(bits);
   total_bits_ = static_cast<std::uint8_t>(shift);
-  for (std::size_t i = 1; i < bits_.size(); ++i) {
-    const std::int64_t highest_distance = (std::int64_t{1} << bits_[i]) - 1;
+  for (std::size_t i = 1; i < bits.size(); ++i) {
+    const std::int64_t highest_distance = (std::int64_t{1} << bits[i]) - 1;
     const auto span = static_cast<std::int64_t>(span_of(box, i));
     const std::int64_t below = room == Room::around ? (highest_distance - span) / 2 : 0;
     low_.coo[i] = static_cast<std::int32_t>(
         std::clamp(box.min.coo[i] - below, std::int64_t{lowest_int}, highest_int - highest_distance));
-    if (bits_[i] == 0) continue;
-    shift -= bits_[i];
+    outside_[i] = ~static_cast<std::uint32_t>(highest_distance);
+    if (bits[i] == 0) continue;
+    shift -= bits[i];
     shift_[i] = static_cast<std::uint8_t>(shift);
     fields_[field_count_++] = {static_cast<std::uint8_t>(i), shift_[i]};
   }
-}
-
-bool KeyFrame::covers(const Lk& key) const noexcept {
-  std::uint64_t beyond = 0;
-  for (std::size_t i = 1; i < bits_.size(); ++i) beyond |= distance(key, i) >> bits_[i];
-  return beyond == 0;
 }
 
 std::uint64_t KeyFrame::shift(const Lk& offset) const noexcept {
@@ -101,16 +96,16 @@ std::uint64_t KeyFrame::shift(const Lk& offset) const noexcept {
 std::optional<std::uint64_t> KeyFrame::ceiling(const Lk& key) const noexcept {
   std::uint64_t packed = 0;
   int below = total_bits_;
-  for (std::size_t i = 1; i < bits_.size(); ++i) {
+  for (std::size_t i = 1; i < outside_.size(); ++i) {
     if (key.coo[i] < low_.coo[i]) return packed;
-    if (distance(key, i) >> bits_[i] != 0) {
+    if ((distance(key, i) & outside_[i]) != 0) {
       // All that begin like the key are less: the one behind the last of them, if there is one.
       const std::uint64_t last = packed | ones(below);
       if (last == ones(total_bits_)) return std::nullopt;
       return last + 1;
     }
-    below -= bits_[i];
-    if (bits_[i] != 0) packed |= distance(key, i) << below;
+    below -= bits(i);
+    if (bits(i) != 0) packed |= std::uint64_t{distance(key, i)} << below;
   }
   return packed;
 }

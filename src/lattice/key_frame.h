@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -26,13 +27,17 @@ class KeyFrame {
   /// other without the room do so with it.
   static std::optional<KeyFrame> with_room(const KeyBox& box);
 
-  bool covers(const Lk& key) const noexcept;
+  bool covers(const Lk& key) const noexcept {
+    std::uint32_t beyond = 0;
+    for (std::size_t i = 0; i < outside_.size(); ++i) beyond |= distance(key, i) & outside_[i];
+    return beyond == 0;
+  }
   bool covers(const KeyBox& box) const noexcept { return covers(box.min) && covers(box.max); }
 
   /// For a key that is covered; its step does not matter.
   std::uint64_t pack(const Lk& key) const noexcept {
     std::uint64_t packed = 0;
-    for (const Field& field : fields()) packed |= distance(key, field.position) << field.shift;
+    for (const Field& field : fields()) packed |= std::uint64_t{distance(key, field.position)} << field.shift;
     return packed;
   }
   Lk unpack(std::uint64_t packed, std::int32_t n) const noexcept {
@@ -58,7 +63,9 @@ class KeyFrame {
   int lattice_bits() const noexcept { return bits(l_position); }
   std::int32_t lattice_low() const noexcept { return low(l_position); }
   std::int32_t low(std::size_t position) const noexcept { return low_.coo[position]; }
-  int bits(std::size_t position) const noexcept { return bits_[position]; }
+  int bits(std::size_t position) const noexcept {
+    return position == 0 ? 0 : std::popcount(~outside_[position]);
+  }
   /// The place of the position's lowest bit.
   int shift_of(std::size_t position) const noexcept { return shift_[position]; }
 
@@ -71,7 +78,7 @@ class KeyFrame {
   std::span<const Field> fields() const noexcept { return {fields_.data(), field_count_}; }
 
   friend bool operator==(const KeyFrame& a, const KeyFrame& b) noexcept {
-    return a.low_ == b.low_ && a.bits_ == b.bits_;
+    return a.low_ == b.low_ && a.outside_ == b.outside_;
   }
 
  private:
@@ -81,20 +88,20 @@ class KeyFrame {
   enum class Room { above, around };
   KeyFrame(const KeyBox& box, const Bits& bits, Room room) noexcept;
 
-  std::uint64_t distance(const Lk& key, std::size_t position) const noexcept {
+  std::uint32_t distance(const Lk& key, std::size_t position) const noexcept {
     return static_cast<std::uint32_t>(wrapping_subtract(key.coo[position], low_.coo[position]));
   }
-  std::uint64_t mask(std::size_t position) const noexcept {
-    return (std::uint64_t{1} << bits_[position]) - 1;
-  }
+  std::uint32_t mask(std::size_t position) const noexcept { return ~outside_[position]; }
   std::int32_t value(std::uint64_t packed, Field field) const noexcept {
-    const auto distance = static_cast<std::uint32_t>((packed >> field.shift) & mask(field.position));
+    const auto distance = static_cast<std::uint32_t>(packed >> field.shift) & mask(field.position);
     return wrapping_add(low_.coo[field.position], static_cast<std::int32_t>(distance));
   }
 
   /// low_.coo[0] is 0.
   Lk low_;
-  Bits bits_{};
+  /// The bits of a distance that lie outside the frame; all of them where a position does not vary. None at
+  /// position 0.
+  std::array<std::uint32_t, MaxDimCount> outside_{};
   Bits shift_{};
   std::array<Field, MaxDimCount - 1> fields_{};
   std::uint8_t field_count_ = 0;

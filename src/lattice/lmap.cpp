@@ -39,9 +39,9 @@ bool Lmap::contains(const Lk& key) const noexcept {
   return of_step && of_step->find(key);
 }
 
-void Lmap::insert(Row* row, const Lk& key, const cotyp& q) {
+void Lmap::insert(Row* row, const Row::Spot& spot, const Lk& key, const cotyp& q) {
   if (row) {
-    row->insert(key, q);
+    row->insert(spot, key, q);
   } else {
     Row alone(key.n(), KeyFrame::for_box({key, key}));
     alone.insert(key, q);
@@ -56,30 +56,31 @@ void Lmap::set(const Lk& key, const cotyp& q) {
   } else if (Row* row = find_row(key.n())) {
     count_ += row->set(key, q) ? 1 : 0;
   } else {
-    insert(nullptr, key, q);
+    insert(nullptr, {}, key, q);
   }
 }
 
 cotyp Lmap::add(const Lk& key, const cotyp& q) {
   Row* row = find_row(key.n());
-  const auto place = row ? row->find(key) : std::nullopt;
-  if (!place) {
-    if (!is_zero(q)) insert(row, key, q);
+  const Row::Spot spot = row ? row->spot(key) : Row::Spot{};
+  if (!spot.taken) {
+    if (!is_zero(q)) insert(row, spot, key, q);
     return q;
   }
-  const cotyp sum = row->quantity(*place) + q;
+  const cotyp sum = row->quantity(spot.place) + q;
   if (is_zero(sum)) {
     erase(key);
   } else {
-    row->set(*place, sum);
+    row->set(spot.place, sum);
   }
   return sum;
 }
 
 bool Lmap::insert_new(const Lk& key, const cotyp& q) {
   Row* row = find_row(key.n());
-  if (is_zero(q) || (row && row->find(key))) return false;
-  insert(row, key, q);
+  const Row::Spot spot = row ? row->spot(key) : Row::Spot{};
+  if (is_zero(q) || spot.taken) return false;
+  insert(row, spot, key, q);
   return true;
 }
 

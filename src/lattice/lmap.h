@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
 #include <map>
 #include <span>
 #include <utility>
@@ -74,6 +75,12 @@ class Lmap {
   /// A walk over rows, none of which is empty.
   class RowCursor {
    public:
+    using iterator_category = std::forward_iterator_tag;
+    using value_type = Row;
+    using difference_type = std::ptrdiff_t;
+    using pointer = const Row*;
+    using reference = const Row&;
+
     const Row& operator*() const noexcept { return row_->second; }
     const Row* operator->() const noexcept { return &row_->second; }
     RowCursor& operator++() noexcept {
@@ -197,8 +204,8 @@ class Lmap {
   };
 
   Row* find_row(std::int32_t n) noexcept;
-  /// Stores q, which is not zero, at a key that is not here.
-  void insert(Row* row, const Lk& key, const cotyp& q);
+  /// Stores q, which is not zero, at a key that is not here: at its spot in the row, or in a new row.
+  void insert(Row* row, const Row::Spot& spot, const Lk& key, const cotyp& q);
   /// Erases the row from the walk when it has no points any more; gives the row behind.
   Storage::iterator drop_empty(Storage::iterator row) noexcept;
   /// In the order of the walk, one for each block.

@@ -1,6 +1,7 @@
 #include "lattice/row.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "lattice/row_builder.h"
@@ -26,28 +27,31 @@ Lk Row::key(RowPlace place) const noexcept {
 
 namespace {
 
-bool less(std::uint64_t a, std::uint64_t b) noexcept { return a < b; }
-bool less(const Lk& a, const Lk& b) noexcept { return Lk1LessLk2(a, b); }
+/// Blocks that points go into, elsewhere than at the end of the row, stay this small: an edit moves half of
+/// it. Whole keys are large.
+constexpr std::size_t largest_to_edit(bool wide) noexcept { return wide ? 256 : 2048; }
 
 void read_key(const Block& block, std::size_t i, std::uint64_t& key) noexcept { key = block.key(i); }
 void read_key(const Block& block, std::size_t i, Lk& key) noexcept { key = block.wide_key(i); }
 
-/// For who fills a row in key order, the last block is asked first.
-template <class Key>
-bool all_less(const Block& block, const Key& key) noexcept {
-  Key last;
-  read_key(block, block.size() - 1, last);
-  return less(last, key);
-}
+// Where a block begins: its base, which is not above its first key, is at hand without a look at the keys.
+bool begins_behind(const Block& block, std::uint64_t key) noexcept { return block.base() > key; }
+bool begins_behind(const Block& block, const Lk& key) noexcept { return Lk1LessLk2(key, block.wide_key(0)); }
 
 }  // namespace
 
 template <class Key>
 RowPlace Row::first_not_less(const Key& key) const noexcept {
-  if (blocks_.empty() || all_less(blocks_.back(), key)) return end();
-  const auto block = std::partition_point(blocks_.begin(), blocks_.end(),
-                                          [&key](const Block& at) { return all_less(at, key); });
-  return {static_cast<std::size_t>(block - blocks_.begin()), block->lower_bound(key)};
+  // For who fills a row in key order, the last block is asked first.
+  auto behind = blocks_.end();
+  if (!blocks_.empty() && begins_behind(blocks_.back(), key)) {
+    behind = std::partition_point(blocks_.begin(), blocks_.end(),
+                                  [&key](const Block& block) { return !begins_behind(block, key); });
+  }
+  if (behind == blocks_.begin()) return begin();
+  const auto block = std::prev(behind);
+  const RowPlace place{static_cast<std::size_t>(block - blocks_.begin()), block->lower_bound(key)};
+  return place.index < block->size() ? place : RowPlace{place.block + 1, 0};
 }
 
 template <class Key>
@@ -63,12 +67,17 @@ auto Row::as_stored(const Lk& key, const Function& f) const {
   return frame_ ? f(frame_->pack(key)) : f(key);
 }
 
-std::optional<RowPlace> Row::find(const Lk& key) const noexcept {
-  if (frame_ && !frame_->covers(key)) return std::nullopt;
-  return as_stored(key, [this](const auto& stored) -> std::optional<RowPlace> {
+Row::Spot Row::spot(const Lk& key) const noexcept {
+  if (frame_ && !frame_->covers(key)) return {};
+  return as_stored(key, [this](const auto& stored) {
     const RowPlace place = first_not_less(stored);
-    return holds(place, stored) ? std::optional(place) : std::nullopt;
+    return Spot{.place = place, .covered = true, .taken = holds(place, stored)};
   });
+}
+
+std::optional<RowPlace> Row::find(const Lk& key) const noexcept {
+  const Spot found = spot(key);
+  return found.taken ? std::optional(found.place) : std::nullopt;
 }
 
 RowPlace Row::lower_bound(const Lk& key) const noexcept {
@@ -97,43 +106,65 @@ void Row::move_to(std::int32_t n) noexcept {
 }
 
 bool Row::set(const Lk& key, const cotyp& q) {
-  if (const auto place = find(key)) {
-    set(*place, q);
-    return false;
+  const Spot found = spot(key);
+  if (found.taken) {
+    set(found.place, q);
+  } else {
+    insert(found, key, q);
   }
-  insert(key, q);
-  return true;
+  return !found.taken;
 }
 
-void Row::insert(const Lk& key, const cotyp& q) {
-  if (frame_ && !frame_->covers(key)) {
+void Row::insert(const Spot& spot, const Lk& key, const cotyp& q) {
+  if (!spot.covered) {
     Row row = reframed(key);
     row.insert(key, q);
     *this = std::move(row);
     return;
   }
-  as_stored(key, [&](const auto& stored) { insert_at(first_not_less(stored), stored, q); });
-  box_ = count_ == 0 ? KeyBox{key, key} : box_;
-  box_.include(key);
+  as_stored(key, [&](const auto& stored) { insert_at(spot.place, stored, q); });
+  widen_box(key);
   ++count_;
 }
 
 template <class Key>
 void Row::insert_at(RowPlace place, const Key& key, const cotyp& q) {
-  const bool behind_all = place == end();
-  if (behind_all && (blocks_.empty() || blocks_.back().full())) {
+  if (place == end() && (blocks_.empty() || blocks_.back().full())) {
     blocks_.emplace_back(std::span(&key, 1), Column::of({&q.re, 1}), Column::of({&q.im, 1}));
     return;
   }
-  if (behind_all) place = {blocks_.size() - 1, blocks_.back().size()};
-  if (blocks_[place.block].full()) {
-    constexpr std::size_t half = block_capacity / 2;
+  const bool behind_all = place == end();
+  // What lies before the base of a block belongs to the block before it.
+  if (place.block > 0 && place.index == 0 && (behind_all || begins_behind(blocks_[place.block], key))) {
+    place = {place.block - 1, blocks_[place.block - 1].size()};
+  }
+  if (!behind_all) place = place_for_edit(place);
+  blocks_[place.block].insert(place.index, key, q);
+}
+
+RowPlace Row::place_for_edit(RowPlace place) {
+  while (blocks_[place.block].size() >= largest_to_edit(!packed())) {
     if (blocks_.size() == blocks_.capacity()) blocks_.reserve(2 * blocks_.size());
+    const std::size_t half = blocks_[place.block].size() / 2;
     Block upper = blocks_[place.block].split(half);
     blocks_.insert(blocks_.begin() + static_cast<std::ptrdiff_t>(place.block) + 1, std::move(upper));
     if (place.index > half) place = {place.block + 1, place.index - half};
   }
-  blocks_[place.block].insert(place.index, key, q);
+  return place;
+}
+
+void Row::widen_box(const Lk& key) noexcept {
+  if (count_ == 0) {
+    box_ = {key, key};
+  } else if (!frame_) {
+    box_.include(key);
+  } else {
+    for (const KeyFrame::Field& field : frame_->fields()) {
+      const std::size_t i = field.position;
+      box_.min.coo[i] = std::min(box_.min.coo[i], key.coo[i]);
+      box_.max.coo[i] = std::max(box_.max.coo[i], key.coo[i]);
+    }
+  }
 }
 
 RowPlace Row::erase(RowPlace place) noexcept {

@@ -51,6 +51,14 @@ class Row {
   cotyp quantity(RowPlace place) const noexcept { return blocks_[place.block].quantity(place.index); }
   /// Where the key, of this step, is; nothing when it is not here.
   std::optional<RowPlace> find(const Lk& key) const noexcept;
+  /// Where a key is, or where it would go.
+  struct Spot {
+    /// Of the first point whose key is not less; of no use when the frame does not cover the key.
+    RowPlace place;
+    bool covered = false;
+    bool taken = false;
+  };
+  Spot spot(const Lk& key) const noexcept;
   /// The first point whose key is not less. Steps do not matter here.
   RowPlace lower_bound(const Lk& key) const noexcept;
   /// The number of points before the place.
@@ -66,7 +74,9 @@ class Row {
   /// The point at the place gets the quantity, which is not zero.
   void set(RowPlace place, const cotyp& q) { blocks_[place.block].set(place.index, q); }
   /// A key of this step that is not here, and a quantity that is not zero.
-  void insert(const Lk& key, const cotyp& q);
+  void insert(const Lk& key, const cotyp& q) { insert(spot(key), key, q); }
+  /// The same at the key's spot.
+  void insert(const Spot& spot, const Lk& key, const cotyp& q);
   /// Gives the place of the next point.
   RowPlace erase(RowPlace place) noexcept;
   /// Of a block keeps the points at the ascending indices only; true when none is left, and the block gone.
@@ -88,6 +98,9 @@ class Row {
   RowPlace first_not_less(const Key& key) const noexcept;
   template <class Key>
   bool holds(RowPlace place, const Key& key) const noexcept;
+  /// The same place in its block or, when that is too large to be edited, in a piece of it.
+  RowPlace place_for_edit(RowPlace place);
+  void widen_box(const Lk& key) noexcept;
   template <class Key>
   void insert_at(RowPlace place, const Key& key, const cotyp& q);
   /// f(the key as it is in the blocks) for a key that the frame covers.

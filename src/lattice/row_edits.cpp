@@ -1,8 +1,10 @@
 #include "lattice/row_edits.h"
 
 #include <algorithm>
+#include <array>
 #include <optional>
 
+#include "lattice/row_range.h"
 #include "text/integers.h"
 
 namespace kov {
@@ -27,6 +29,46 @@ void erase_destination(Lmap& lmap, std::int32_t a, std::int32_t b, std::int32_t 
   }
 }
 
+/// The points inside any of the boxes.
+class PointsToKeep {
+ public:
+  explicit PointsToKeep(std::span<const KeyBox> boxes) noexcept : boxes_(boxes) {}
+
+  /// Certain without a look at the points.
+  bool all(const Row& row) const noexcept {
+    return std::any_of(boxes_.begin(), boxes_.end(),
+                       [&row](const KeyBox& box) { return RowRange(row, box).all(); });
+  }
+  bool none(const Row& row) const noexcept {
+    return std::all_of(boxes_.begin(), boxes_.end(),
+                       [&row](const KeyBox& box) { return RowRange(row, box).none(); });
+  }
+  std::size_t choose(const Row& row, std::size_t block, Lmap::BlockIndices& indices) const noexcept {
+    std::array<std::uint8_t, block_capacity> flags{};
+    const auto inside = std::span(flags).first(row.block(block).size());
+    for (const KeyBox& box : boxes_) mark(row, block, box, inside);
+    std::size_t count = 0;
+    for (std::uint32_t i = 0; i < inside.size(); ++i) {
+      indices[count] = i;
+      count += inside[i];
+    }
+    return count;
+  }
+
+ private:
+  static void mark(const Row& row, std::size_t block, const KeyBox& box,
+                   std::span<std::uint8_t> inside) noexcept {
+    const RowRange range(row, box);
+    if (range.none()) return;
+    std::array<std::uint8_t, block_capacity> flags;
+    const auto in_box = std::span(flags).first(inside.size());
+    range.mark(row.block(block), 0, in_box);
+    for (std::size_t i = 0; i < inside.size(); ++i) inside[i] |= in_box[i];
+  }
+
+  std::span<const KeyBox> boxes_;
+};
+
 }  // namespace
 
 RowBounds GetLowUpBound_2(const Lmap& lmap, std::int32_t a, std::int32_t b, Messages& messages) {
@@ -40,12 +82,22 @@ void DeleteRows(Lmap& lmap, std::int32_t a, std::int32_t b) noexcept { lmap.eras
 
 void DeleteRowsOutsideRange(Lmap& lmap, std::int32_t a, std::int32_t b, std::span<const KeyBox> keep,
                             Messages& messages) {
-  auto [at, end] = GetLowUpBound_2(lmap, a, b, messages);
-  while (at != end) {
-    if (inside_any(at.key(), keep)) {
-      ++at;
+  GetLowUpBound_2(lmap, a, b, messages);
+  const PointsToKeep kept(keep);
+  std::int64_t next = a;
+  while (next <= b) {
+    const Lmap::Rows left = lmap.rows(static_cast<std::int32_t>(next), b);
+    if (left.begin() == left.end()) return;
+    const Row& row = *left.begin();
+    const std::int32_t n = row.n();
+    next = std::int64_t{n} + 1;
+    if (kept.all(row)) continue;
+    if (kept.none(row)) {
+      lmap.erase_rows(n, n);
     } else {
-      at = lmap.erase(at);
+      lmap.keep_chosen(n, n, [&kept](const Row& some, std::size_t block, Lmap::BlockIndices& indices) {
+        return kept.choose(some, block, indices);
+      });
     }
   }
 }

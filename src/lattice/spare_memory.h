@@ -5,8 +5,8 @@
 
 namespace kov {
 
-// What the vectors of a block reserve beyond their size: an eighth and a little, so that a row that grows point by
-// point copies each a few times only, and does not hold twice what it needs.
+// What the vectors of a block reserve beyond their size: an eighth and a little, so that a row that grows
+// point by point copies each a few times only, and does not hold twice what it needs.
 
 /// Makes sure that one more fits in without memory.
 template <class T>

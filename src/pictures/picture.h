@@ -63,6 +63,10 @@ struct Note {
   friend bool operator==(const Note&, const Note&) = default;
 };
 
+/// No picture is wider or higher than this many pixels: painting loses exactness beyond, and an image would
+/// take gigabytes.
+inline constexpr int largest_picture_side = 16384;
+
 /// A drawing as a value: computed and tested without a window, painted alike on a page, into a file and
 /// onto the clipboard. Painted in the order of its members, each list from its front, and cut at its
 /// own edges.

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 
+#include "lattice/row_range.h"
 #include "numbers/checked_integer.h"
+#include "sums/block_sums.h"
 #include "sums/sum_progress.h"
 
 namespace kov {
@@ -70,21 +72,75 @@ cotyp count_quantity(std::int64_t count) {
   return {ratyp::floating(static_cast<double>(count)), 0};
 }
 
+namespace {
+
+/// One walk over the store, chunk by chunk of its blocks.
+class RangeWalk {
+ public:
+  RangeWalk(const std::array<KeyBox, 2>& ranges, SumProgress& progress)
+      : ranges_(ranges), progress_(progress) {}
+
+  /// False when Break was pressed.
+  bool add(const Row& row) {
+    const std::array<RowRange, 2> inside = {RowRange(row, ranges_[0]), RowRange(row, ranges_[1])};
+    for (std::size_t block = 0; block < row.block_count(); ++block) {
+      if (!add(row.block(block), inside)) return false;
+    }
+    return true;
+  }
+  const Accumulators& sums() const { return accumulators_; }
+
+ private:
+  bool add(const Block& block, const std::array<RowRange, 2>& inside) {
+    std::size_t first = 0;
+    while (first < block.size()) {
+      const auto until_check = static_cast<std::size_t>(progress_.until_check());
+      const std::size_t count = std::min({block.size() - first, BlockSums::most_points, until_check});
+      chunk_.take(block, first, count);
+      chunk_.add_to(accumulators_[sum_total]);
+      for (const std::size_t range : {sum_range1, sum_range2})
+        add_range(block, first, count, inside[range], range);
+      first += count;
+      if (!progress_.advance(static_cast<std::int64_t>(count))) return false;
+    }
+    return true;
+  }
+
+  // A range that every point so far lies inside has the sums of all points.
+  void add_range(const Block& block, std::size_t first, std::size_t count, const RowRange& inside,
+                 std::size_t range) {
+    if (inside.all() && holds_all_[range]) {
+      accumulators_[range] = accumulators_[sum_total];
+      return;
+    }
+    holds_all_[range] = false;
+    if (inside.all()) {
+      chunk_.add_to(accumulators_[range]);
+    } else if (!inside.none()) {
+      const auto flags = std::span(flags_).first(count);
+      inside.mark(block, first, flags);
+      chunk_.add_to(accumulators_[range], flags);
+    }
+  }
+
+  const std::array<KeyBox, 2>& ranges_;
+  SumProgress& progress_;
+  Accumulators accumulators_;
+  std::array<bool, 2> holds_all_ = {true, true};
+  BlockSums chunk_;
+  std::array<std::uint8_t, BlockSums::most_points> flags_;
+};
+
+}  // namespace
+
 std::optional<RangeSums> sum_ranges(const Lmap& lmap, const std::array<KeyBox, 2>& ranges,
                                     std::int64_t points_per_display, Progress& progress) {
-  SumProgress walk(progress, static_cast<std::int64_t>(lmap.count()), points_per_display);
-  Accumulators accumulators;
-  const auto end = lmap.end();
-  for (auto place = lmap.begin(); place != end; ++place) {
-    const cotyp q = place.quantity();
-    const ratyp square = qq(q);
-    for (const std::size_t range : {sum_range1, sum_range2}) {
-      if (ranges[range].contains(place.key())) accumulators[range].add(q, square);
-    }
-    accumulators[sum_total].add(q, square);
-    if (!walk.advance()) return std::nullopt;
+  SumProgress shown(progress, static_cast<std::int64_t>(lmap.count()), points_per_display);
+  RangeWalk walk(ranges, shown);
+  for (const Row& row : lmap.rows()) {
+    if (!walk.add(row)) return std::nullopt;
   }
-  return finished(accumulators);
+  return finished(walk.sums());
 }
 
 }  // namespace kov

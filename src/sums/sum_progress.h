@@ -32,6 +32,17 @@ class SumProgress {
 
   /// One more point was summed up. False when Break was pressed.
   bool advance() { return ++point_ != next_check_ || check(); }
+  /// Likewise for several points at once.
+  bool advance(std::int64_t points) {
+    const std::int64_t end = point_ + points;
+    while (point_ < end) {
+      point_ = std::min(end, next_check_);
+      if (point_ == next_check_ && !check()) return false;
+    }
+    return true;
+  }
+  /// After so many more points, at least 1, Break is asked for.
+  std::int64_t until_check() const { return next_check_ - point_; }
 
  private:
   bool check();

@@ -1,9 +1,14 @@
 #include "sums/sums2.h"
 
+#include <algorithm>
+#include <array>
 #include <exception>
 #include <optional>
+#include <span>
 
+#include "lattice/block_points.h"
 #include "numbers/errors.h"
+#include "sums/block_sums.h"
 #include "sums/sum_progress.h"
 #include "text/integers.h"
 
@@ -13,14 +18,6 @@ namespace {
 constexpr const char* stopped_label = " Creating Sums2 was stopped by Break ";
 
 using SumsOfLattice = std::array<PointSum, Slsums2_n_count>;
-
-void add_point(SumsOfLattice& sums, const Slsums2_Par& par, std::int32_t n, const cotyp& q) {
-  const ratyp square = qq(q);
-  sums[0].add(q, square);
-  for (std::size_t i = 1; i < par.n.size(); ++i) {
-    if (par.n[i] == n) sums[i].add(q, square);
-  }
-}
 
 CountSums2_to_l finished(const SumsOfLattice& sums) {
   CountSums2_to_l result;
@@ -33,19 +30,90 @@ CountSums2_to_l finished(const SumsOfLattice& sums) {
   return result;
 }
 
+/// One walk over the store, chunk by chunk of its blocks.
+class LatticeWalk {
+ public:
+  LatticeWalk(const Slsums2_Par& par, SumProgress& progress) : par_(par), progress_(progress) {}
+
+  /// False when Break was pressed.
+  bool add(const Row& row) {
+    for (std::size_t block = 0; block < row.block_count(); ++block) {
+      if (!add(row, row.block(block))) return false;
+    }
+    return true;
+  }
+  const std::map<std::int32_t, SumsOfLattice>& sums() const { return lattices_; }
+
+ private:
+  bool add(const Row& row, const Block& block) {
+    std::size_t first = 0;
+    while (first < block.size()) {
+      const auto until_check = static_cast<std::size_t>(progress_.until_check());
+      const std::size_t count = std::min({block.size() - first, BlockSums::most_points, until_check});
+      chunk_.take(block, first, count);
+      if (row.box().min.l() == row.box().max.l()) {
+        add_to_selected(lattices_[row.box().min.l()], row.n(), [this](PointSum& sum) { chunk_.add_to(sum); });
+      } else {
+        add_by_lattice(row, block, first, count);
+      }
+      first += count;
+      if (!progress_.advance(static_cast<std::int64_t>(count))) return false;
+    }
+    return true;
+  }
+
+  /// With more lattices in a chunk its points are added one by one instead of in a walk for each lattice.
+  static constexpr std::size_t most_walks = 16;
+
+  void add_by_lattice(const Row& row, const Block& block, std::size_t first, std::size_t count) {
+    const auto lattices = std::span(lattice_).first(count);
+    decode_coordinates(row, block, l_position, first, lattices);
+    std::array<std::int32_t, BlockSums::most_points> sorted;
+    std::copy(lattices.begin(), lattices.end(), sorted.begin());
+    const auto end = sorted.begin() + static_cast<std::ptrdiff_t>(count);
+    std::sort(sorted.begin(), end);
+    const auto different = std::span(sorted.begin(), std::unique(sorted.begin(), end));
+    if (different.size() > most_walks) {
+      for (std::size_t i = 0; i < count; ++i) {
+        add_to_selected(lattices_[lattices[i]], row.n(), [&](PointSum& sum) { chunk_.add_point(sum, i); });
+      }
+      return;
+    }
+    const auto flags = std::span(flags_).first(count);
+    for (const std::int32_t l : different) {
+      std::transform(lattices.begin(), lattices.end(), flags.begin(),
+                     [l](std::int32_t lattice) { return static_cast<std::uint8_t>(lattice == l); });
+      add_to_selected(lattices_[l], row.n(), [&](PointSum& sum) { chunk_.add_to(sum, flags); });
+    }
+  }
+
+  /// add(sum) for that of all steps and those of the chosen steps that are n.
+  template <class Add>
+  void add_to_selected(SumsOfLattice& sums, std::int32_t n, const Add& add) const {
+    add(sums[0]);
+    for (std::size_t i = 1; i < par_.n.size(); ++i) {
+      if (par_.n[i] == n) add(sums[i]);
+    }
+  }
+
+  const Slsums2_Par& par_;
+  SumProgress& progress_;
+  std::map<std::int32_t, SumsOfLattice> lattices_;
+  BlockSums chunk_;
+  std::array<std::int32_t, BlockSums::most_points> lattice_;
+  std::array<std::uint8_t, BlockSums::most_points> flags_;
+};
+
 /// Nothing when Break was pressed.
 std::optional<S2map> sum_lattices(const Lmap& lmap, const Slsums2_Par& par, std::int64_t points_per_display,
                                   Progress& progress) {
-  SumProgress walk(progress, static_cast<std::int64_t>(lmap.count()), points_per_display);
-  std::map<std::int32_t, SumsOfLattice> lattices;
-  const auto end = lmap.end();
-  for (auto place = lmap.begin(); place != end; ++place) {
-    const Lk& key = place.key();
-    add_point(lattices[key.l()], par, key.n(), place.quantity());
-    if (!walk.advance()) return std::nullopt;
+  SumProgress shown(progress, static_cast<std::int64_t>(lmap.count()), points_per_display);
+  LatticeWalk walk(par, shown);
+  for (const Row& row : lmap.rows()) {
+    if (!walk.add(row)) return std::nullopt;
   }
   S2map result;
-  for (const auto& [l, sums] : lattices) result.emplace_hint(result.end(), l, finished(sums));
+  for (const auto& [l, sums] : walk.sums()) result.emplace_hint(result.end(), l, finished(sums));
   return result;
 }
 

@@ -5,7 +5,8 @@
 #include <string>
 
 #include "tools/comb_candidates.h"
-#include "tools/order_search.h"
+#include "tools/order_result.h"
+#include "tools/order_terms.h"
 
 namespace kov {
 

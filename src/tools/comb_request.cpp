@@ -7,7 +7,7 @@
 #include "interact/integer_question.h"
 #include "text/integers.h"
 #include "tools/comb_count.h"
-#include "tools/search_plan.h"
+#include "tools/order_search.h"
 
 namespace kov {
 namespace {
@@ -47,8 +47,7 @@ int order_limit(std::int32_t b, std::size_t elements, Messages& messages) {
 
 bool every_order_has_a_plan(const CombRequest& request) {
   for (int order = 1; order <= request.order; ++order) {
-    const auto elements = distinct_enough(request.elements, order, request.rules).size();
-    if (!plan_search(static_cast<std::int64_t>(elements), order)) return false;
+    if (!plan_order(request.elements, order, request.rules)) return false;
   }
   return true;
 }

@@ -3,7 +3,7 @@
 #include <thread>
 
 #include "tools/comb_count.h"
-#include "tools/search_plan.h"
+#include "tools/order_search.h"
 
 namespace kov {
 namespace {
@@ -42,10 +42,9 @@ class CombProgress {
 OrderResult search_order_on_all_cores(std::span<const CombElement> elements, int order,
                                       const CombRules& rules, const OrderPoll& poll) {
   // Less is done sooner than a thread is started.
-  constexpr double steps_worth_a_thread = 1 << 16;
-  const std::size_t searched = distinct_enough(elements, order, rules).size();
-  const auto plan = plan_search(static_cast<std::int64_t>(searched), order);
-  const bool alone = !plan || plan->steps < steps_worth_a_thread;
+  constexpr double worth_threads = 1 << 20;
+  const auto plan = plan_order(elements, order, rules);
+  const bool alone = !plan || plan->comparisons < worth_threads;
   return search_order(elements, order, rules, alone ? 1 : std::thread::hardware_concurrency(), poll);
 }
 

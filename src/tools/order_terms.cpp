@@ -7,8 +7,8 @@
 namespace kov {
 namespace {
 
-std::size_t kept_of_equal(const SumTolerance& tolerance, const CombRules& rules) {
-  if (!tolerance.exact()) return HalfSums::everything;
+std::size_t kept_of_sums(const SumTolerance& tolerance, const CombRules& rules) {
+  if (!tolerance.exact()) return NumberedSums::everything;
   return rules.one_per_difference ? 1 : rules.nearest;
 }
 
@@ -20,14 +20,13 @@ std::vector<double> largest_from_each(std::span<const double> values) {
 
 }  // namespace
 
-OrderTerms::OrderTerms(std::vector<double> values, std::uint32_t order, std::uint32_t low, Signs signs,
-                       const CombRules& rules)
-    : values_(std::move(values)),
+OrderTerms::OrderTerms(std::vector<double> values, std::uint32_t order, Signs signs, const CombRules& rules)
+    : order_(order),
+      values_(std::move(values)),
       signs_(signs),
       largest_from_(largest_from_each(values_)),
       tolerance_(values_, order),
-      reach_(values_, order - 1),
-      half_(values_, low, static_cast<std::uint32_t>(values_.size()) - (order - low), signs,
-            kept_of_equal(tolerance_, rules)) {}
+      reach_(values_, order),
+      kept_of_equal_(kept_of_sums(tolerance_, rules)) {}
 
 }  // namespace kov

@@ -5,7 +5,7 @@
 #include <span>
 #include <vector>
 
-#include "tools/half_sums.h"
+#include "tools/numbered_sums.h"
 #include "tools/sum_tolerance.h"
 
 namespace kov {
@@ -24,15 +24,18 @@ struct CombRules {
 /// shared by all threads, and never changed by them.
 class OrderTerms {
  public:
-  /// The values of the elements, in their order; the first low members of order are looked up.
-  OrderTerms(std::vector<double> values, std::uint32_t order, std::uint32_t low, Signs signs,
-             const CombRules& rules);
+  /// The values of the elements, in their order.
+  OrderTerms(std::vector<double> values, std::uint32_t order, Signs signs, const CombRules& rules);
 
+  std::uint32_t order() const { return order_; }
   std::uint32_t count() const { return static_cast<std::uint32_t>(values_.size()); }
   double value(std::uint32_t element) const { return values_[element]; }
+  std::span<const double> values() const { return values_; }
+  Signs signs() const { return signs_; }
   bool with_minus() const { return signs_ == Signs::plus_and_minus; }
-  const HalfSums& half() const { return half_; }
   const SumTolerance& tolerance() const { return tolerance_; }
+  /// How many sums of some of the members are to be kept of those with the same value.
+  std::size_t kept_of_equal() const { return kept_of_equal_; }
   /// The largest size that the members below position m can add when that at m is element t.
   double reach(std::uint32_t m, std::uint32_t t) const { return reach_(m, t); }
 
@@ -47,13 +50,23 @@ class OrderTerms {
     return highest < 1.0 - window || lowest > 1.0 + window;
   }
 
+  /// sum with these members added to it, the last one first: bit i of plus is the sign of the i-th.
+  double continued(double sum, std::span<const std::uint32_t> members, std::uint32_t plus) const {
+    for (auto i = static_cast<std::uint32_t>(members.size()); i-- > 0;) {
+      const double value = values_[members[i]];
+      sum += (plus >> i & 1U) != 0 ? value : -value;
+    }
+    return sum;
+  }
+
  private:
+  std::uint32_t order_;
   std::vector<double> values_;
   Signs signs_;
   std::vector<double> largest_from_;
   SumTolerance tolerance_;
   Reach reach_;
-  HalfSums half_;
+  std::size_t kept_of_equal_;
 };
 
 }  // namespace kov

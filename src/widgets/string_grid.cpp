@@ -8,12 +8,12 @@
 #include <string>
 
 #include "interact/error_text.h"
+#include "interact/scoped_flag.h"
 #include "widgets/cell_editor.h"
 #include "widgets/cell_painter.h"
 #include "widgets/grid_adapter.h"
 #include "widgets/grid_headings.h"
 #include "widgets/qt_text.h"
-#include "widgets/scoped_flag.h"
 
 namespace kov {
 namespace {

@@ -3,11 +3,11 @@
 #include <QApplication>
 #include <algorithm>
 
+#include "interact/scoped_flag.h"
 #include "widgets/dialogs.h"
 #include "widgets/input_lock.h"
 #include "widgets/progress_group.h"
 #include "widgets/qt_text.h"
-#include "widgets/scoped_flag.h"
 
 namespace kov {
 WindowUser::WindowUser(QWidget& window, ProgressGroup& group) : window_(window), group_(group) {}

@@ -86,6 +86,7 @@ void save_as(Workbench& workbench, User user) {
   workbench.file.chosen = true;
   workbench.file.read_aborted = false;
   save_current(workbench, user);
+  workbench.display().file_renamed();
 }
 
 void save(Workbench& workbench, User user) {

@@ -24,6 +24,8 @@ class Display {
   virtual void graph1_box_changed() {}
   /// Graph1's label Label_g1_oplot was clicked, and its parameter set.
   virtual void graph1_oplot_changed() {}
+  /// The data were given another file.
+  virtual void file_renamed() {}
   /// A read has replaced everything, parameters included, and the page to be shown is chosen.
   virtual void document_changed() {}
 };

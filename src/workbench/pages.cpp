@@ -171,8 +171,7 @@ void Pages::refresh() {
 
 void Pages::redisplay(const std::function<void()>& show) {
   try {
-    if (about_to_redisplay_) about_to_redisplay_();
-    show();
+    if (!about_to_redisplay_ || about_to_redisplay_()) show();
   } catch (const std::bad_alloc&) {
     user_.messages.error("Not enough memory to redisplay the page.");
   }
@@ -245,6 +244,11 @@ void Pages::parameter_changed(std::string_view keyword) {
     refresh();
   }
   changed();
+}
+
+void Pages::file_renamed() {
+  graph1_.file_renamed();
+  graph2_.file_renamed();
 }
 
 void Pages::graph1_box_changed() {

@@ -65,9 +65,10 @@ class Pages : private Display {
   /// page, a label, whether a grid is hidden, captions of commands.
   void set_changed(std::function<void()> changed) { changed_ = std::move(changed); }
 
-  /// Called before the active page is redisplayed, which may calculate: whoever shows pictures tells the
-  /// graph pages here how large they are to be.
-  void set_about_to_redisplay(std::function<void()> about) { about_to_redisplay_ = std::move(about); }
+  /// Asked before the active page is redisplayed, which may calculate: whoever shows pictures tells the
+  /// graph pages here how large they are to be. False leaves the page as it is; it is then calculated by
+  /// whoever first asks for its picture.
+  void set_about_to_redisplay(std::function<bool()> about) { about_to_redisplay_ = std::move(about); }
 
   SlqGrid& slq() { return slq_; }
   SldimGrid& sldim() { return sldim_; }
@@ -91,6 +92,7 @@ class Pages : private Display {
   void parameter_changed(std::string_view keyword) override;
   void graph1_box_changed() override;
   void graph1_oplot_changed() override;
+  void file_renamed() override;
   void document_changed() override;
 
   void wire_lattice_grids();
@@ -127,7 +129,7 @@ class Pages : private Display {
   Graph2Page graph2_;
   Slg2aGrid slg2a_;
   std::function<void()> changed_;
-  std::function<void()> about_to_redisplay_;
+  std::function<bool()> about_to_redisplay_;
 };
 
 }  // namespace kov

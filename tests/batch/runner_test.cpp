@@ -159,6 +159,12 @@ TEST(Runner, CheckSetsABox) {
   EXPECT_EQ(session.run("Check CB_Range2IsDest off\nCheck CB1qq on").status, 0);
 }
 
+TEST(Runner, CheckTakesTheEditUnderWay) {
+  Session session;
+  session.inspect = [](const Workbench& workbench) { EXPECT_EQ(workbench.document.lmap.count(), 1U); };
+  EXPECT_EQ(session.run("Key Slq 1,1 7\nCheck CB1qq on").status, 0);
+}
+
 TEST(Runner, BreakMeetsTheNextLineThatRunsAnything) {
   WalkSession session;
   session.run(

@@ -73,7 +73,8 @@ TEST_F(ColourScaleTest, DistinctValuesGetEqualSharesWhateverTheirDistance) {
 TEST_F(ColourScaleTest, MatchesTheLiteralEqualisationForAnyNumberOfValues) {
   std::mt19937 random(5);
   std::uniform_real_distribution<double> anywhere(-1, 1);
-  for (const std::size_t count : {1U, 2U, 3U, 7U, 40U, 500U, 959U, 960U, 961U, 962U, 1920U, 5000U, 44444U}) {
+  for (const std::size_t count :
+       {1U, 2U, 3U, 7U, 40U, 500U, 959U, 960U, 961U, 962U, 1920U, 5000U, 44444U, 500'000U}) {
     std::vector<double> values(count);
     for (double& value : values) value = anywhere(random);
     const std::vector<double> expected = literal_fclimit(values);
@@ -141,6 +142,12 @@ TEST_F(ColourScaleTest, ValuesOutsideTheTableGetItsEndsAndAWarningBeyondRounding
   colour(scale, 5);
   colour(scale, 1.5);
   EXPECT_TRUE(messages.shown.empty()) << "from warning level 3 on";
+}
+
+TEST_F(ColourScaleTest, AColourWithoutReportsIsTheSame) {
+  const ColourScale scale = distributed({-3, 0, 2, 4, 100});
+  messages.set_wl(0);
+  for (int i = -50; i < 1100; ++i) EXPECT_EQ(scale.colour_of(i / 10.0), colour(scale, i / 10.0));
 }
 
 TEST_F(ColourScaleTest, AnInvalidModeIsReportedWithEveryColour) {

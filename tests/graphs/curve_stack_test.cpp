@@ -65,6 +65,16 @@ TEST_F(CurveStackTest, AStateIsAColour) {
   EXPECT_GT(red.r, 2 * std::max(red.b, red.g));
 }
 
+TEST_F(CurveStackTest, StatesDifferInBlackAndWhiteToo) {
+  const auto lightness = [](CurveState state) {
+    const Colour colour = curve_colour(state);
+    return 0.3 * colour.r + 0.59 * colour.g + 0.11 * colour.b;
+  };
+  EXPECT_GT(lightness(curve_red), lightness(curve_blue) + 40);
+  EXPECT_GT(lightness(curve_unselected), lightness(curve_red) + 40);
+  EXPECT_LT(lightness(curve_unselected), 255 - 40);
+}
+
 TEST_F(CurveStackTest, EachCurveIsHigherByTheOffset) {
   set("Graph2a_max_dypix_per_plot", 10);
   const CurveStack drawn = stack(3);
@@ -157,6 +167,42 @@ TEST_F(CurveStackTest, NothingLeavesTheImage) {
       }
     }
   }
+}
+
+TEST_F(CurveStackTest, CoordinatesReachTheEndsOf32Bits) {
+  lmap.clear();
+  point(lowest_int, lowest_int, cotyp(1));
+  point(highest_int, highest_int, cotyp(2));
+  EXPECT_EQ(ys(5), "y = 2147483647 y = -2147483648 ");
+  const CurveStack drawn = stack(5);
+  EXPECT_EQ(drawn.curves[0].line.points.back().x, 40);
+  EXPECT_EQ(drawn.curves[0].line.points.back().y, 6) << "the last pixel is that of the last point";
+  EXPECT_EQ(drawn.curves[1].line.points.front().y, drawn.curves[1].zero - (100 - 6) / 2.0);
+}
+
+TEST_F(CurveStackTest, OnePixelHasItsCurve) {
+  const CurveStack drawn = stack(4, {1, 1});
+  ASSERT_EQ(drawn.curves.size(), 1u) << "all rows meet in one";
+  for (const PicturePoint& point : drawn.curves[0].line.points) {
+    EXPECT_TRUE(0 <= point.x && point.x <= 1 && 0 <= point.y && point.y <= 1);
+  }
+}
+
+TEST_F(CurveStackTest, EqualValuesAreEquallyHigh) {
+  lmap.clear();
+  for (std::int32_t n = 0; n < 3; ++n) point(n, 0, cotyp(-4));
+  for (const StackedCurve& curve : stack(3).curves) {
+    double lowest = 0;
+    for (const PicturePoint& point : curve.line.points) lowest = std::max(lowest, point.y);
+    EXPECT_DOUBLE_EQ(lowest - curve.zero, 100 - 2 * 6) << "from 0 down to the lower edge of curve 1";
+  }
+}
+
+TEST_F(CurveStackTest, NoZoomOfAFileTurnsThePictureOver) {
+  force("Graph_y_border_percent", "-80");
+  const CurveStack drawn = stack(3);
+  EXPECT_EQ(drawn.lower_value, 0);
+  EXPECT_GT(drawn.upper_value, 9);
 }
 
 TEST_F(CurveStackTest, ValuesThatAreAllZeroAreALine) {

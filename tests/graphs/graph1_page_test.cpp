@@ -209,6 +209,23 @@ TEST(Graph1Page, WarnsWhereThereAreNotTwoCurvesForAnOplot) {
   EXPECT_TRUE(desk.messages.shown.empty()) << "nothing is drawn";
 }
 
+/// A window that is resized is no reason to tell it again.
+TEST(Graph1Page, AnotherSizeDoesNotWarnAgain) {
+  PageDesk desk;
+  desk.set(0, 1);
+  desk.oplot = true;
+  desk.page.picture(400, 300, desk.measure);
+  EXPECT_EQ(desk.messages.texts(), std::vector<std::string>{"oplot: not 2 but 1 valid curves"})
+      << "a page that was never shown is";
+  desk.calculated();
+  desk.messages.shown.clear();
+  const int changes = desk.changes;
+  desk.page.picture(500, 300, desk.measure);
+  EXPECT_TRUE(desk.calculated());
+  EXPECT_EQ(desk.changes, changes + 1);
+  EXPECT_TRUE(desk.messages.shown.empty());
+}
+
 TEST(Graph1Page, GroupCaptionsAreThoseOfTheCalculation) {
   PageDesk desk;
   EXPECT_EQ(desk.page.group_caption(0), "SR1:");

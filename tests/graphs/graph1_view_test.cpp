@@ -47,6 +47,18 @@ TEST(G1View, TheTitleNamesFileTableAndTheRangesDrawn) {
   EXPECT_EQ(desk.view().title(), "a.aa1, range table 31, SR2: l=0 n=0 k1=+");
 }
 
+TEST(G1View, TheTitleOfAnOplotNamesTheCoordinate) {
+  ViewDesk desk;
+  desk.oplot = true;
+  EXPECT_EQ(desk.view().title(), "range table 0, SR1: l=0 n=0 k1=-...+") << "one curve is drawn along x";
+  desk.checked = checks({cb0qre, cb0qim});
+  EXPECT_EQ(desk.view().title(), "range table 0, SR1: l=0 n=0 k1=-...+, along k1");
+  desk.origin.table.icoo_along_x_in_g = {1, 2};
+  desk.checked = checks({cb0qre, cb1qre});
+  EXPECT_EQ(desk.view().title(),
+            "range table 0, SR1: l=0 n=0 k1=-...+, SR2: l=0 n=0 k1=+, along SR1: k1, SR2: k2");
+}
+
 TEST(G1View, TheXAxisIsNamedByItsCoordinate) {
   ViewDesk desk;
   desk.origin.table.icoo_along_x_in_g = {0, 2};

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "graphs/map_desk.h"
+#include "support/picture_texts.h"
 
 namespace kov {
 namespace {
@@ -60,6 +61,21 @@ TEST_F(Graph2PictureTest, AMapHasTitleAxesAndLegend) {
   EXPECT_EQ(map.rasters[0].width, area.width);
   EXPECT_EQ(map.rasters[0].height, area.height);
   expect_texts_inside(map);
+}
+
+TEST_F(Graph2PictureTest, TheTitleFollowsTheFile) {
+  int changes = 0;
+  page.set_changed([&] { ++changes; });
+  page.file_renamed();
+  EXPECT_EQ(changes, 0) << "nothing is drawn";
+  picture();
+  file_name = "other.aa1";
+  changes = 0;
+  page.file_renamed();
+  EXPECT_EQ(changes, 1);
+  EXPECT_TRUE(has_text(page.picture(700, 500, measure),
+                       "other.aa1, range table 0, SR1: re, l=-...+ n=-...+ k1...k30=-...+"));
+  EXPECT_EQ(changes, 1) << "nothing is calculated";
 }
 
 TEST_F(Graph2PictureTest, TheBackgroundIsNoColourOfAnyRamp) {
@@ -126,37 +142,106 @@ TEST_F(Graph2PictureTest, AnUnknownColourModeIsReportedByTheGrid) {
                                      "error: DrawGrid: invalid colormode"}));
 }
 
-TEST_F(Graph2PictureTest, CurvesHaveLabelsWithTheirY) {
+TEST_F(Graph2PictureTest, FewValuesHaveTheirOwnColoursInTheLegend) {
+  ColourScale scale(ColourRamp(0, 0));
+  scale.Set_equally_distributed_fclimit({1, 2, 3}, person);
+  // Thirds of 21 fields; each value in the colour that it has in the map.
+  const std::vector<ColourField> fields = colour_fields(scale, 4);
+  for (std::size_t label = 0; label <= 20; ++label) {
+    const double value = label <= 6 ? 1 : label <= 13 ? 2 : 3;
+    EXPECT_EQ(fields[label].text, floating_text(value, 4)) << label;
+    EXPECT_EQ(fields[label].colour, scale.color_from_fcl_table(value, person)) << label;
+  }
+  EXPECT_EQ(fields[0].colour, (Colour{85, 85, 85}));
+  EXPECT_EQ(fields[20].colour, (Colour{255, 255, 255}));
+}
+
+TEST_F(Graph2PictureTest, BothDistributionsLabelTheirOwnThresholds) {
+  const auto labels = [](const Picture& map) {
+    std::vector<std::string> texts;
+    for (std::size_t i = map.texts.size() - colour_field_count; i < map.texts.size(); ++i) {
+      texts.push_back(map.texts[i].text);
+    }
+    return texts;
+  };
+  const auto distributed = labels(picture());
+  set("Graph2_color_distribution", 1);
+  const auto linear = labels(picture());
+  EXPECT_EQ(distributed.front(), linear.front());
+  EXPECT_EQ(distributed.back(), linear.back());
+  EXPECT_NE(distributed[10], linear[10]);
+}
+
+TEST_F(Graph2PictureTest, WhiteStandsOutFromTheBackground) {
+  const Colour background = picture().background;
+  EXPECT_LT(0.3 * background.r + 0.59 * background.g + 0.11 * background.b, 255 - 40);
+}
+
+TEST_F(Graph2PictureTest, CurvesStandOnPaperWithTheGridOfTheParameters) {
+  set("Graph2a_ny", 3);
+  set("Graph2_color_mode", 0);
+  const Picture grey = picture();
+  EXPECT_EQ(grey.background, (Colour{255, 255, 255}));
+  set("Graph2_color_mode", 1);
+  const Picture red = picture();
+  ASSERT_EQ(grey.lines.size(), red.lines.size());
+  for (std::size_t i = 0; i < red.lines.size(); ++i) EXPECT_EQ(grey.lines[i].colour, red.lines[i].colour);
+  set("Graph_Gridlines_y", 20);
+  EXPECT_GT(picture().lines.size(), grey.lines.size());
+  set("Graph_Gridlines_x", 0);
+  EXPECT_FALSE(has_text(picture(), "-20"));
+  set("Graph_Gridlines_x", 8);
+  EXPECT_TRUE(has_text(picture(), "-20"));
+  set("Graph_Gridlines_Auto", 0);
+  EXPECT_FALSE(has_text(picture(), "-20"));
+  const auto numbers = [this](std::int32_t digits) {
+    set("Graph_num_precision", digits);
+    std::vector<std::string> texts;
+    for (const PictureText& text : picture().texts) texts.push_back(text.text);
+    return texts;
+  };
+  EXPECT_NE(numbers(3), numbers(9));
+}
+
+TEST_F(Graph2PictureTest, EveryCurveHasItsLabelAndTheFrontalOneIsPaintedLast) {
   set("Graph2a_ny", 5);
-  set("Graph2a_max_dypix_per_plot", 30);
   reset_curve_states(states, 5);
   const Picture stack = picture();
   EXPECT_TRUE(stack.rasters.empty());
   EXPECT_TRUE(stack.boxes.empty());
   EXPECT_TRUE(has_text(stack, "SR1: re")) << "the value axis";
   EXPECT_EQ(texts_that_begin(stack, "y = "),
-            (std::vector<std::string>{"y = 29", "y = 25", "y = 28", "y = 27", "y = 26"}))
-      << "selected curves first";
-  expect_texts_inside(stack);
-  const auto curve = stack.lines.end() - 5;
-  EXPECT_EQ(curve[4].colour, curve_colour(curve_blue)) << "the frontal one is painted last";
+            (std::vector<std::string>{"y = 29", "y = 28", "y = 27", "y = 26", "y = 25"}));
+  EXPECT_EQ(text_fault(stack, measure), "");
+  // Behind the curves come the lines that lead to their labels.
+  const auto curve = stack.lines.end() - 10;
+  EXPECT_EQ(curve[4].colour, curve_colour(curve_blue));
   EXPECT_EQ(curve[0].colour, curve_colour(curve_red));
+  EXPECT_GT(curve[4].width, curve[3].width) << "selected curves stand out";
 }
 
-TEST_F(Graph2PictureTest, LabelsOfCurvesDoNotOverlap) {
-  set("Graph2a_ny", 20);
-  set("Graph2a_max_dypix_per_plot", 4);
-  reset_curve_states(states, 20);
-  const Picture stack = picture();
-  std::vector<double> heights;
-  for (const PictureText& text : stack.texts) {
-    if (text.text.starts_with("y = ")) heights.push_back(text.at.y);
+TEST_F(Graph2PictureTest, OnePixelIsAPicture) {
+  for (const int ny : {0, 2, -2}) {
+    set("Graph2a_ny", ny);
+    const Picture one = picture(1, 1);
+    EXPECT_EQ(one.width, 1);
+    EXPECT_TRUE(one.texts.empty());
+    EXPECT_EQ(page.label(), "");
   }
-  std::sort(heights.begin(), heights.end());
-  ASSERT_GT(heights.size(), 2u);
-  ASSERT_LT(heights.size(), 20u);
-  for (std::size_t i = 1; i < heights.size(); ++i) EXPECT_GE(heights[i] - heights[i - 1], measure.height(12));
-  EXPECT_TRUE(has_text(stack, "y = 29") && has_text(stack, "y = 10")) << "blue and red";
+}
+
+TEST_F(Graph2PictureTest, CoordinatesAtTheEndsOf32BitsAreWritten) {
+  lmap.clear();
+  point(lowest_int, lowest_int, cotyp(1));
+  point(highest_int, highest_int, cotyp(2));
+  const Picture map = picture();
+  EXPECT_TRUE(has_text(map, "2000000000") || has_text(map, "-2000000000"));
+  EXPECT_EQ(text_fault(map, measure), "");
+  set("Graph2a_ny", -2);
+  const Picture curves = picture();
+  EXPECT_TRUE(has_text(curves, "y = -2147483648"));
+  EXPECT_TRUE(has_text(curves, "y = 2147483647"));
+  EXPECT_EQ(text_fault(curves, measure), "");
 }
 
 TEST_F(Graph2PictureTest, AnImageThatWasCutKeepsItsPixels) {

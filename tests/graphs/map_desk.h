@@ -43,8 +43,8 @@ struct MapDesk {
   CurveStates states{};
   int radio_index = 0;
   PlainMeasure measure;
-  Graph2Page page{{lmap, tables, cph, states, radio_index, [] { return std::string("walk.aa1"); }},
-                  person.user()};
+  std::string file_name = "walk.aa1";
+  Graph2Page page{{lmap, tables, cph, states, radio_index, [this] { return file_name; }}, person.user()};
 
   void set(const std::string& keyword, std::int32_t value) { cph.setkmi_1(keyword, value); }
   /// A value that only a line of a data file can give.

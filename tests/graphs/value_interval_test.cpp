@@ -19,6 +19,11 @@ TEST(ValueInterval, IsZoomedByAPercentageAtEitherEnd) {
   EXPECT_EQ((ValueInterval{-100, 100}.zoomed(30)), (ValueInterval{-160, 160}));
 }
 
+TEST(ValueInterval, NoPercentageMakesItEmpty) {
+  EXPECT_EQ((ValueInterval{0, 10}.zoomed(-50)), (ValueInterval{0, 10}));
+  EXPECT_EQ((ValueInterval{0, 10}.zoomed(-200)), (ValueInterval{0, 10}));
+}
+
 TEST(ValueInterval, ASingleValueGetsRoom) {
   EXPECT_EQ((ValueInterval{0, 0}.zoomed(0)), (ValueInterval{-1, 1}));
   EXPECT_EQ((ValueInterval{-4, -4}.zoomed(2)), (ValueInterval{-8, 0}));

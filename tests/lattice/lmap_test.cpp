@@ -321,52 +321,5 @@ TEST(Lmap, TransformAsksEveryPointOnceInKeyOrder) {
   EXPECT_EQ(asked, "1 2 3 ");
 }
 
-TEST(Lmap, GivesAndTakesRows) {
-  Lmap lmap = with_rows({1, 3});
-  EXPECT_EQ(lmap.row(2), nullptr);
-  ASSERT_NE(lmap.row(3), nullptr);
-  EXPECT_EQ(lmap.row(3)->count(), 1U);
-  Row row(2, KeyFrame::for_box({Lk::at(0, 2), Lk::at(0, 2)}));
-  lmap.insert_row(Row(row));
-  EXPECT_EQ(lmap.row(2), nullptr) << "without points there is no row";
-  row.insert(Lk::at(0, 2), 5);
-  lmap.insert_row(std::move(row));
-  EXPECT_EQ(points_text(lmap), "0 1: 1\n0 2: 5\n0 3: 3\n");
-  EXPECT_EQ(lmap.count(), 3U);
-  std::string steps;
-  for (const Row& each : lmap.rows(2, 7)) steps += int_text(each.n()) + " ";
-  EXPECT_EQ(steps, "2 3 ");
-  EXPECT_EQ(lmap.rows(3, 2).begin(), lmap.rows(3, 2).end());
-}
-
-TEST(Lmap, CountsThePointsBeforeACursor) {
-  Lmap lmap;
-  for (std::int32_t n = 0; n < 3; ++n) {
-    for (std::int32_t k = 0; k < 5000; ++k) lmap.set(Lk::at(0, n, k), 1);
-  }
-  std::size_t before = 0;
-  for (auto point = lmap.begin(); point != lmap.end(); ++point, ++before) {
-    if (before % 100 == 0) {
-      ASSERT_EQ(lmap.count_before(point), before);
-    }
-  }
-  EXPECT_EQ(lmap.count_before(lmap.end()), 15'000U);
-}
-
-TEST(Lmap, ErasesWhatIsChosenOfTheGivenRows) {
-  Lmap lmap;
-  for (std::int32_t n = 0; n < 4; ++n) {
-    for (std::int32_t k = 0; k < 6000; ++k) lmap.set(Lk::at(0, n, k), k + 1);
-  }
-  const auto odd = [](const Lk& key, const cotyp& q) { return key.n() == 2 || q.re.nu() % 2 == 1; };
-  EXPECT_EQ(lmap.erase_if(1, 2, odd), 9000U);
-  EXPECT_EQ(lmap.count(), 15'000U);
-  EXPECT_EQ(lmap.row(2), nullptr);
-  EXPECT_EQ(lmap.count_in_rows(1, 1), 3000U);
-  for (auto point = lmap.row_begin(1); point != lmap.row_end(1); ++point) {
-    ASSERT_EQ(point.key().coo[1] % 2, 1);
-  }
-}
-
 }  // namespace
 }  // namespace kov

@@ -29,7 +29,8 @@ std::int64_t common_divisor(std::int64_t a, std::int64_t b) {
   return static_cast<std::int64_t>(x << twos);
 }
 
-Reference floating(double fl) { return {false, 0, 1, fl}; }
+// A floating zero has no sign.
+Reference floating(double fl) { return {false, 0, 1, fl == 0.0 ? 0.0 : fl}; }
 
 Reference reduced(std::int64_t nu, std::int64_t de) {
   if (nu == 0) return {};

@@ -5,8 +5,10 @@
 #include <QRadioButton>
 #include <stdexcept>
 
+#include "batch/runner.h"
 #include "graphs/qt/graph_image.h"
 #include "pages/window_desk.h"
+#include "support/string_output.h"
 
 namespace kov {
 
@@ -21,6 +23,19 @@ class GraphDesk : public WindowDesk {
     press_ctrl_a();
     choose_tab(page);
     settle();
+  }
+
+  /// Three steps of the walk in a file that opens at this page and reports every point.
+  static void save_walk_that_opens_at(int page) {
+    std::string output;
+    StringOutput text(output);
+    Runner runner(
+        Options{}, text, [](const std::string&) {}, [] { return false; });
+    const std::string lines =
+        "File/Open: walk2d.aa1\nAlg/Start Algadd: 3\nSet Graph_EntryCountPerDisplay 1\n"
+        "Set F1_Initial_Active_Page " +
+        std::to_string(page) + "\nFile/Save as: opens.aa1";
+    ASSERT_EQ(runner.run(script_lines("s", lines)), ExitStatus::success);
   }
 
   GraphImage& image() {

@@ -2,9 +2,11 @@
 #include <QFileDialog>
 #include <QMenu>
 #include <QMimeData>
+#include <QPushButton>
 #include <QSpinBox>
 #include <fstream>
 #include <iterator>
+#include <string>
 
 #include "batch/runner.h"
 #include "graphs/qt/picture_size_box.h"
@@ -42,6 +44,14 @@ class GraphExports : public GraphDesk {
     return {std::istreambuf_iterator<char>(in), {}};
   }
 
+  /// The image shows what a script draws in its size after these lines.
+  void expect_page_as_drawn(const std::string& graph, const std::string& lines) {
+    run_script(lines + "Draw " + graph + " script.png " + std::to_string(image().width()) + "x" +
+               std::to_string(image().height()));
+    EXPECT_FALSE(image().image().isNull());
+    EXPECT_EQ(image().image(), picture_of("script.png")) << lines;
+  }
+
   /// What a script without a window makes of the same walk.
   void run_script(const std::string& lines) {
     std::string output;
@@ -58,9 +68,38 @@ class GraphExports : public GraphDesk {
 
 TEST_F(GraphExports, ThePageShowsWhatAPictureOfItsSizeShows) {
   start_walk(graph1);
-  run_script("Draw Graph1 script.png " + std::to_string(image().width()) + "x" +
-             std::to_string(image().height()));
-  EXPECT_EQ(image().image(), picture_of("script.png"));
+  expect_page_as_drawn("Graph1", "");
+}
+
+TEST_F(GraphExports, SoDoTwoCurvesAgainstEachOther) {
+  start_walk(graph1);
+  check("CB0qq");
+  QTest::mouseClick(&widget<QPushButton>("Label_g1_oplot"), Qt::LeftButton);
+  settle();
+  expect_page_as_drawn("Graph1", "Check CB0qq on\nGraph1/Label_g1_oplot\n");
+}
+
+TEST_F(GraphExports, SoDoesAMapInEveryColourMode) {
+  start_walk(graph2);
+  choose_radio("RB0cntAt");
+  for (const char* mode : {"0", "1", "2", "3"}) {
+    set("Graph2_color_mode", std::stoi(mode));
+    settle();
+    expect_page_as_drawn("Graph2", "Radio Graph2 4\nSet Graph2_color_mode " + std::string(mode) + "\n");
+  }
+}
+
+TEST_F(GraphExports, SoDoesAStackOfCurvesFromEitherEnd) {
+  start_walk(graph2);
+  // States outlast a change to a negative ny, so the script goes the same way.
+  std::string lines;
+  for (const char* ny : {"5", "-5"}) {
+    set("Graph2a_ny", std::stoi(ny));
+    click("Slg2a", {3, 2}, Qt::LeftButton, true);
+    settle();
+    lines += "Graph2/Button_g2a_ny: " + std::string(ny) + "\nClick Slg2a 3,2 double\n";
+    expect_page_as_drawn("Graph2", lines);
+  }
 }
 
 TEST_F(GraphExports, ASavedPictureIsThatOfAScript) {
@@ -78,6 +117,15 @@ TEST_F(GraphExports, ASavedMapIsThatOfAScript) {
   start_walk(graph2);
   save_picture("saved.png", 500, 700);
   run_script("Draw Graph2 script.png 500x700");
+  EXPECT_EQ(picture_of("saved.png"), picture_of("script.png"));
+}
+
+TEST_F(GraphExports, ASavedStackIsThatOfAScript) {
+  start_walk(graph2);
+  set("Graph2a_ny", -4);
+  settle();
+  save_picture("saved.png", 640, 480);
+  run_script("Graph2/Button_g2a_ny: -4\nDraw Graph2 script.png 640x480");
   EXPECT_EQ(picture_of("saved.png"), picture_of("script.png"));
 }
 
@@ -101,7 +149,7 @@ TEST_F(GraphExports, ThePictureSizeIsPresetWithThePages) {
   const OnModal<PictureSizeBox> size([&](PictureSizeBox& box) {
     EXPECT_EQ(box.size_of_picture(), image().size());
     EXPECT_EQ(box.windowTitle(), "Save picture");
-    EXPECT_EQ(box.findChild<QSpinBox*>("PictureWidth")->maximum(), 16384);
+    EXPECT_EQ(box.findChild<QSpinBox*>("PictureWidth")->maximum(), largest_picture_side);
     box.reject();
   });
   item("Save picture").trigger();

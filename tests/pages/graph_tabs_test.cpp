@@ -10,6 +10,28 @@ namespace {
 
 using GraphTabs = GraphDesk;
 
+TEST_F(GraphTabs, TheFirstPageToBeSeenIsCalculatedOnce) {
+  for (const int page : {graph1, graph2}) {
+    save_walk_that_opens_at(page);
+    make({"opens.aa1"});
+    EXPECT_EQ(shown_tab(), page);
+    EXPECT_FALSE(item("Save picture").isEnabled());
+    const QString first = QString("lattice point 1 of %1 checked").arg(lmap().count());
+    int calculations = 0;
+    QObject here;
+    QObject::connect(window.get(), &QWidget::windowTitleChanged, &here, [&](const QString& title) {
+      if (title.startsWith(first)) ++calculations;
+    });
+    window->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+    settle();
+    QTest::qWait(2 * GraphImage::rest_in_ms);
+    EXPECT_EQ(calculations, 1) << page;
+    EXPECT_FALSE(image().image().isNull());
+    EXPECT_TRUE(item("Save picture").isEnabled());
+  }
+}
+
 TEST_F(GraphTabs, AnEmptyPageShowsItsLabel) {
   start({});
   choose_tab(graph1);

@@ -72,7 +72,7 @@ TEST_F(MainWindow, MenusAreDividedIntoGroups) {
       {"File", {"Read new Cfg", "Save", "Save Cfg", "C. Warnlevel", "Exit"}},
       {"Util", {}},
       {"Cmd", {"Delete All", "Del nlast", "Ch. last b. 0", "Choose Last"}},
-      {"Mod", {"Init For Test", "Set Default Offset", "All to Float"}},
+      {"Mod", {"Init For Test", "Set Default Offset", "All to Float", "Cross Product"}},
       {"Alg", {"Change Algadd Nr", "Algadd with del"}},
       {"Help", {"State"}}};
   for (const auto& [title, expected] : first_below_a_line) {

@@ -170,10 +170,16 @@ TEST(CombRequest, NotMoreThanTheLimitIsNotAskedFor) {
 TEST(CombRequest, WhatIsBeyondAnySearchIsRefused) {
   Asking asking;
   asking.fill(2000);
-  EXPECT_FALSE(asking.ask({"2000,8"}).has_value());
+  EXPECT_FALSE(asking.ask({"2000,50"}).has_value());
   EXPECT_EQ(asking.behind_dialog(), (Reports{"beep", "error: Computer cannot handle so many combinations"}));
-  for (std::int32_t n = 0; n < 2000; ++n) asking.lmap.set(Lk::at(0, n), cotyp(1));
-  EXPECT_TRUE(asking.ask({"2000,8", "yes"}).has_value()) << "equal ones are soon searched";
+  EXPECT_TRUE(asking.ask({"2000,8", "yes"}).has_value()) << "how long is too long is asked";
+}
+
+TEST(CombRequest, ACountBeyondTheLargestDoubleIsRefused) {
+  Asking asking;
+  for (std::int32_t n = 0; n < 70000; ++n) asking.lmap.set(Lk::at(0, n), cotyp(1));
+  EXPECT_FALSE(asking.ask({"70000,80"}).has_value());
+  EXPECT_EQ(asking.behind_dialog(), (Reports{"beep", "error: Computer cannot handle so many combinations"}));
 }
 
 }  // namespace

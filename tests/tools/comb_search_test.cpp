@@ -3,12 +3,14 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
 #include <stdexcept>
 
 #include "support/literal_combinations.h"
 #include "support/recording_progress.h"
 #include "text/integers.h"
 #include "tools/comb_elements.h"
+#include "tools/order_search.h"
 
 namespace kov {
 namespace {
@@ -87,6 +89,34 @@ TEST(CombSearch, IsTheFileOfTheEnumerationByteForByte) {
   }
 }
 
+/// All orders of a few elements, by each kind of plan.
+TEST(CombSearch, RandomFilesAreThoseOfTheEnumerationByteForByte) {
+  std::mt19937_64 random(31);
+  const auto between = [&](int low, int high) { return std::uniform_int_distribution(low, high)(random); };
+  for (int i = 0; i < 300; ++i) {
+    const int denominator = between(1, 9);
+    std::vector<double> values;
+    for (int left = between(2, 9); left > 0; --left) values.push_back(between(-20, 20) * 1.0 / denominator);
+    const auto elements = comb_elements(values);
+    const auto count = static_cast<int>(elements.size());
+    const CombRequest request{.rules = {.nearest = static_cast<std::size_t>(between(1, 9)),
+                                        .one_per_difference = between(0, 1) == 1,
+                                        .squares = between(0, 1) == 1},
+                              .elements = elements,
+                              .candidate_count = elements.size() + static_cast<std::size_t>(between(0, 2)),
+                              .order = between(1, count),
+                              .table = 0};
+    const SearchOrder by_element = [](auto all, int order, const CombRules& rules, const OrderPoll& poll) {
+      const auto searched = static_cast<std::uint32_t>(distinct_enough(all, order, rules).size());
+      if (searched < 2) return search_order(all, order, rules, 1, poll);
+      return search_order_by({.low = searched / 2, .middle = (searched + 1) / 2}, all, order, rules, 1, poll);
+    };
+    const std::string expected = write(request, literal_search_order).text;
+    ASSERT_EQ(write(request, search_order_on_all_cores).text, expected) << i;
+    ASSERT_EQ(write(request, by_element).text, expected) << i;
+  }
+}
+
 TEST(CombSearch, SeveralThreadsWriteTheSameFile) {
   const CombRequest request = unit_fractions(60, 5);
   const auto by_four = [](auto elements, int order, const CombRules& rules, const OrderPoll& poll) {
@@ -120,7 +150,7 @@ TEST(CombSearch, BreakEndsBehindTheResultsOfTheOrder) {
 
 /// The file of a broken search is that of the enumeration that is broken after as many combinations.
 TEST(CombSearch, BreakAtEveryPollLeavesTheFileOfTheEnumeration) {
-  CombRequest request = unit_fractions(9, 4);
+  CombRequest request = unit_fractions(12, 6);  // orders of either plan
   request.rules.squares = true;
   int breaks = 0;
   for (int poll = 1;; ++poll) {

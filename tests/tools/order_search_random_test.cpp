@@ -1,7 +1,8 @@
 // The search against the enumeration of all combinations: the same matches in the same order, bit for bit,
-// for any number of threads, and after any Break.
+// for any plan, any number of threads, and after any Break.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <random>
@@ -10,6 +11,7 @@
 
 #include "support/literal_combinations.h"
 #include "tools/comb_elements.h"
+#include "tools/order_search.h"
 
 namespace kov {
 namespace {
@@ -32,6 +34,19 @@ class Cases {
     return {.nearest = static_cast<std::size_t>(nearest),
             .one_per_difference = between(0, 1) == 1,
             .squares = between(0, 2) == 0};
+  }
+
+  /// Any plan that fits: of both kinds, not the quickest ones.
+  SearchPlan plan(std::span<const CombElement> elements, int order, const CombRules& rules) {
+    const auto count = static_cast<int>(distinct_enough(elements, order, rules).size());
+    const bool finite = std::all_of(elements.begin(), elements.end(),
+                                    [](const CombElement& element) { return std::fabs(element.re) < 1e100; });
+    if (count < 2 || !finite || between(0, 1) == 0) {
+      return {.low = static_cast<std::uint32_t>(between(0, order - 1)), .middle = 0};
+    }
+    const int low = between(1, count - 1);
+    return {.low = static_cast<std::uint32_t>(low),
+            .middle = static_cast<std::uint32_t>(between(1, count - low))};
   }
 
  private:
@@ -65,6 +80,10 @@ class Cases {
   std::mt19937_64 random_;
 };
 
+std::string plan_text(const SearchPlan& plan) {
+  return ", low " + std::to_string(plan.low) + ", middle " + std::to_string(plan.middle);
+}
+
 std::string text(const std::vector<CombMatch>& matches) {
   std::string all;
   for (const CombMatch& match : matches) {
@@ -94,8 +113,11 @@ TEST(OrderSearchRandom, FindsWhatTheEnumerationFinds) {
     const CombRules rules = cases.rules();
     const OrderResult literal = literal_search_order(elements, order, rules, never_broken);
     const auto threads = static_cast<unsigned>(i % 10 == 0 ? cases.between(2, 4) : 1);
-    expect_same(search_order(elements, order, rules, threads, never_broken), literal,
-                "case " + std::to_string(i));
+    const std::string where = "case " + std::to_string(i);
+    expect_same(search_order(elements, order, rules, threads, never_broken), literal, where);
+    const SearchPlan plan = cases.plan(elements, order, rules);
+    expect_same(search_order_by(plan, elements, order, rules, threads, never_broken), literal,
+                where + plan_text(plan));
     if (HasFatalFailure()) return;
   }
 }
@@ -107,7 +129,11 @@ TEST(OrderSearchRandom, FindsThemInHighOrders) {
     const int order = cases.between(6, static_cast<int>(elements.size()));
     const CombRules rules = cases.rules();
     const OrderResult literal = literal_search_order(elements, order, rules, never_broken);
-    expect_same(search_order(elements, order, rules, 1, never_broken), literal, "case " + std::to_string(i));
+    const std::string where = "case " + std::to_string(i);
+    expect_same(search_order(elements, order, rules, 1, never_broken), literal, where);
+    const SearchPlan plan = cases.plan(elements, order, rules);
+    expect_same(search_order_by(plan, elements, order, rules, 2, never_broken), literal,
+                where + plan_text(plan));
     if (HasFatalFailure()) return;
   }
 }
@@ -120,13 +146,14 @@ TEST(OrderSearchRandom, StoppedAtAnyPollItHasWhatTheEnumerationHasAfterAsManyCom
     const int order = cases.between(1, std::min<int>(5, static_cast<int>(elements.size())));
     const CombRules rules = cases.rules();
     const auto threads = static_cast<unsigned>(cases.between(1, 2));
+    const SearchPlan plan = cases.plan(elements, order, rules);
     for (int stop_at = 1;; ++stop_at) {
       int polls = 0;
       const OrderPoll stop = [&](double) { return ++polls != stop_at; };
-      const OrderResult result = search_order(elements, order, rules, threads, stop);
+      const OrderResult result = search_order_by(plan, elements, order, rules, threads, stop);
       const auto same_count = [&](double tested) { return !result.stopped || tested < result.tested; };
       expect_same(result, literal_search_order(elements, order, rules, same_count),
-                  "case " + std::to_string(i) + ", poll " + std::to_string(stop_at));
+                  "case " + std::to_string(i) + ", poll " + std::to_string(stop_at) + plan_text(plan));
       if (HasFatalFailure()) return;
       if (!result.stopped) break;
       ++stops;

@@ -107,14 +107,6 @@ TEST(OrderSearch, ManyEqualElementsCostNoMoreThanAFew) {
                                                  {0.0, {0, 1, 2, 3, 4, 5, 6, 7}, 0b01101111}}));
 }
 
-TEST(OrderSearch, OfEqualElementsAsManyAreSearchedAsCanEnter) {
-  const auto elements = comb_elements({3.0, 2.0, 2.0, 2.0, 2.0, 2.0, 1.0});
-  EXPECT_EQ(distinct_enough(elements, 2, {.nearest = 4, .one_per_difference = true}),
-            (std::vector<std::uint32_t>{0, 1, 2, 6}));
-  EXPECT_EQ(distinct_enough(elements, 2, {.nearest = 2, .one_per_difference = false}),
-            (std::vector<std::uint32_t>{0, 1, 2, 3, 6}));
-}
-
 TEST(OrderSearch, IsTheSameOnAnyNumberOfThreads) {
   std::vector<double> unit_fractions(40);
   for (std::size_t i = 0; i < unit_fractions.size(); ++i)
@@ -130,6 +122,22 @@ TEST(OrderSearch, IsTheSameOnAnyNumberOfThreads) {
       EXPECT_EQ(result.tested, alone.tested) << threads;
     }
   }
+}
+
+TEST(OrderSearch, PlansByElementWhereSumsCannotOverflow) {
+  std::vector<double> real_parts(30, 0.0);
+  for (std::size_t i = 0; i < real_parts.size(); ++i) real_parts[i] = 1.0 / static_cast<double>(i + 2);
+  EXPECT_TRUE(plan_order(comb_elements(real_parts), 15, {})->by_element());
+  real_parts[7] = 1.5e308;
+  EXPECT_FALSE(plan_order(comb_elements(real_parts), 15, {})->by_element());
+  real_parts[7] = 1e200;
+  EXPECT_TRUE(plan_order(comb_elements(real_parts), 15, {})->by_element());
+  EXPECT_FALSE(plan_order(comb_elements(real_parts), 15, {.squares = true})->by_element());
+}
+
+TEST(OrderSearch, WithoutAPlanItIsRefused) {
+  const std::vector<double> many(100, 0.25);
+  EXPECT_THROW(search(many, 100), std::invalid_argument);
 }
 
 TEST(OrderSearch, StoppedWithinALongBlockItHasWhatTheEnumerationHas) {

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <string>
+#include <utility>
+
 #include "workbench/pages_desk.h"
 
 namespace kov {
@@ -46,6 +49,26 @@ TEST(Graph2Pages, ChoosingTheTabCalculatesOnce) {
   EXPECT_EQ(calculations(desk), map_calculated);
   EXPECT_TRUE(desk.drawn());
   EXPECT_EQ(desk.page().drawing()->map.point_count, 6);
+}
+
+TEST(Graph2Pages, BothGraphsFollowTheNameOfTheFile) {
+  Graph2Desk desk;
+  for (const auto& [page, file] : {std::pair(Page::graph1, "one.aa1"), std::pair(Page::graph2, "two.aa1")}) {
+    desk.show(page);
+    int changes = 0;
+    const auto count = [&changes] { ++changes; };
+    page == Page::graph1 ? desk.pages.graph1().set_changed(count) : desk.page().set_changed(count);
+    desk.run("File", "Save as", {file});
+    EXPECT_EQ(changes, 1) << "the picture is another one";
+    const std::string name = page == Page::graph1 ? desk.pages.graph1().title().substr(0, 7)
+                                                  : desk.page().drawing()->origin.file_name;
+    EXPECT_EQ(name, file);
+    desk.pages.graph1().set_changed({});
+    desk.page().set_changed({});
+  }
+  for (const std::string& report : desk.take_reports()) {
+    EXPECT_EQ(report.find("lattice point"), std::string::npos) << "nothing is calculated for it: " << report;
+  }
 }
 
 TEST(Graph2Pages, AnyOtherPageForgetsTheMap) {

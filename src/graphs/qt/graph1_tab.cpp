@@ -39,6 +39,7 @@ Graph1Tab::Graph1Tab(Graph1Page& page, const G1Checks& checked, Messages& messag
   layout->addLayout(choices);
   layout->addWidget(&image(), 1);
   page_.set_changed([this, redrawn = services.redrawn] {
+    follow();
     image().draw_soon();
     redrawn();
   });

@@ -54,6 +54,7 @@ Graph2Tab::Graph2Tab(const Models& models, Messages& messages, QAction& set_ny, 
   connect(Slg2a_->verticalHeader(), &QHeaderView::sectionResized, this, fit_grid);
   connect(Slg2a_->verticalHeader(), &QHeaderView::geometriesChanged, this, fit_grid);
   models_.page.set_changed([this, redrawn = services.redrawn] {
+    follow();
     image().draw_soon();
     Slg2a_->refresh();
     redrawn();

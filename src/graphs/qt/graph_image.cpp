@@ -41,6 +41,7 @@ void GraphImage::draw() {
   const QSize size = this->size();
   try {
     image_ = drawn_image();
+    drawn_size_ = size;
   } catch (const std::bad_alloc&) {
     image_ = {};
     messages_.error("Not enough memory to draw the page.");
@@ -72,16 +73,20 @@ bool GraphImage::event(QEvent* event) {
 
 void GraphImage::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  if (!image_.isNull()) {
-    const bool stretched = image_.deviceIndependentSize() != QSizeF(size());
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, stretched);
-    painter.drawImage(rect(), image_);
-  }
+  if (!image_.isNull()) paint_image(painter);
   // For those who walk by keys; others are not to have a frame around each picture.
   if (!hasFocus() || !window()->testAttribute(Qt::WA_KeyboardFocusChange)) return;
   QStyleOptionFocusRect frame;
   frame.initFrom(this);
   style()->drawPrimitive(QStyle::PE_FrameFocusRect, &frame, &painter, this);
+}
+
+/// Pixel by pixel where it can be: the size may end within a pixel of the screen, and stretched by that part
+/// every line would be blurred.
+void GraphImage::paint_image(QPainter& painter) const {
+  if (size() == drawn_size_) return painter.drawImage(QPoint(0, 0), image_);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  painter.drawImage(rect(), image_);
 }
 
 void GraphImage::resizeEvent(QResizeEvent*) { draw_after(rest_in_ms); }

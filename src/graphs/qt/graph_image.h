@@ -44,6 +44,7 @@ class GraphImage final : public QWidget {
   void draw_after(int milliseconds);
   void draw();
   QImage drawn_image();
+  void paint_image(QPainter& painter) const;
 
   ShownGraph& graph_;
   Messages& messages_;
@@ -51,6 +52,8 @@ class GraphImage final : public QWidget {
   QLabel* label_;
   QTimer timer_;
   QImage image_;
+  /// The size that it was drawn for; any other is stretched.
+  QSize drawn_size_;
   /// The image is not that of the page's state and size.
   bool stale_ = true;
 };

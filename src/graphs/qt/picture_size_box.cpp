@@ -4,16 +4,15 @@
 #include <QFormLayout>
 #include <QSpinBox>
 
+#include "pictures/picture.h"
+
 namespace kov {
 namespace {
-
-/// Painting loses exactness beyond.
-constexpr int largest_side = 16384;
 
 QSpinBox* make_side(const char* name, int preset) {
   auto* side = new QSpinBox;
   side->setObjectName(name);
-  side->setRange(1, largest_side);
+  side->setRange(1, largest_picture_side);
   side->setSuffix(QStringLiteral(" pixels"));
   side->setValue(preset);
   return side;

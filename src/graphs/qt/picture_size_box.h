@@ -13,7 +13,7 @@ class PictureSizeBox final : public QDialog {
  public:
   PictureSizeBox(QWidget* parent, QSize preset);
 
-  /// Both at least 1 and at most the largest side of a picture.
+  /// Both at least 1 and at most largest_picture_side.
   QSize size_of_picture() const;
 
  private:

@@ -154,7 +154,11 @@ void paint_picture(QPainter& painter, const Picture& picture) {
 }
 
 QImage picture_image(const Picture& picture, double device_pixel_ratio) {
-  const auto pixels = [&](int length) { return static_cast<int>(std::lround(length * device_pixel_ratio)); };
+  // A product that should be whole may miss it by rounding.
+  constexpr double tolerance = 1E-6;
+  const auto pixels = [&](int length) {
+    return static_cast<int>(std::ceil(length * device_pixel_ratio - tolerance));
+  };
   QImage image(pixels(picture.width), pixels(picture.height), QImage::Format_RGB32);
   if (image.isNull()) return image;
   image.setDevicePixelRatio(device_pixel_ratio);

@@ -15,7 +15,8 @@ namespace kov {
 void paint_picture(QPainter& painter, const Picture& picture);
 
 /// The picture as an image in the memory of this process, with so many pixels of the image for one of the
-/// picture. Null when the picture has no pixels or there is no memory for it.
+/// picture; where the picture ends within a pixel, that one is whole. Null when the picture has no pixels or
+/// there is no memory for it.
 QImage picture_image(const Picture& picture, double device_pixel_ratio = 1);
 
 }  // namespace kov

@@ -239,6 +239,24 @@ TEST(PicturePainter, StaysInsideThePictureAndLeavesThePainterAsItWas) {
   EXPECT_EQ(ink_of(page), QRect(15, 25, 20, 10));
 }
 
+TEST(PictureImage, HoldsTheWholePictureAtEveryScale) {
+  struct Case {
+    double scale;
+    QSize size;
+  };
+  for (const Case& c : {Case{1, {801, 503}}, Case{1.1, {882, 554}}, Case{1.25, {1002, 629}},
+                        Case{1.5, {1202, 755}}, Case{2, {1602, 1006}}}) {
+    Picture picture = empty_picture(801, 503);
+    picture.boxes.push_back({0, 0, 801, 503, red_colour});
+    const QImage image = picture_image(picture, c.scale);
+    EXPECT_EQ(image.size(), c.size) << c.scale;
+    EXPECT_EQ(image.devicePixelRatio(), c.scale);
+    EXPECT_EQ(image.pixel(0, 0), red);
+    EXPECT_EQ(image.pixel(image.width() - 2, image.height() - 2), red) << c.scale;
+  }
+  EXPECT_EQ(picture_image(empty_picture(40, 40), 1.1).size(), QSize(44, 44)) << "a product that is rounded";
+}
+
 TEST(PictureImage, IsNullWithoutPixels) {
   EXPECT_TRUE(picture_image(empty_picture(0, 10)).isNull());
   EXPECT_TRUE(picture_image(empty_picture(10, 0)).isNull());

@@ -1,0 +1,82 @@
+#include "lattice/block_points.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace kov {
+namespace {
+
+bool square_is_of_double(const Column& column) noexcept {
+  switch (column.form()) {
+    case PartForm::zero:
+    case PartForm::floating_zero:
+    case PartForm::doubles:
+      return true;
+    case PartForm::integers:
+      return column.denominator() == 1;
+    case PartForm::fractions:
+    case PartForm::mixed:
+      break;
+  }
+  return false;
+}
+
+bool takes_no_place(const Column& column) noexcept {
+  return column.form() == PartForm::zero || column.form() == PartForm::floating_zero;
+}
+
+}  // namespace
+
+void decode_coordinates(const Row& row, const Block& block, std::size_t position, std::size_t first,
+                        std::span<std::int32_t> out) noexcept {
+  if (block.wide()) {
+    for (std::size_t i = 0; i < out.size(); ++i) out[i] = block.wide_key(first + i).coo[position];
+    return;
+  }
+  const KeyFrame& frame = row.frame();
+  if (frame.bits(position) == 0) {
+    std::fill(out.begin(), out.end(), row.box().min.coo[position]);
+  } else if (const std::uint32_t* offsets = block.offsets()) {
+    for (std::size_t i = 0; i < out.size(); ++i) {
+      out[i] = frame.coordinate(block.base() + offsets[first + i], position);
+    }
+  } else {
+    const std::uint64_t* keys = block.keys() + first;
+    for (std::size_t i = 0; i < out.size(); ++i) out[i] = frame.coordinate(keys[i], position);
+  }
+}
+
+bool squares_are_of_doubles(const Block& block) noexcept {
+  return square_is_of_double(block.re()) && square_is_of_double(block.im());
+}
+
+void decode_squares(const Block& block, std::size_t first, std::span<double> out) noexcept {
+  if (!squares_are_of_doubles(block)) {
+    for (std::size_t i = 0; i < out.size(); ++i) out[i] = to_double(qq(block.quantity(first + i)));
+    return;
+  }
+  block.re().decode(first, out);
+  for (double& part : out) part *= part;
+  if (takes_no_place(block.im())) return;
+  constexpr std::size_t at_once = 512;
+  std::array<double, at_once> im;
+  for (std::size_t done = 0; done < out.size(); done += at_once) {
+    const std::size_t count = std::min(at_once, out.size() - done);
+    block.im().decode(first + done, std::span(im).first(count));
+    for (std::size_t i = 0; i < count; ++i) out[done + i] += im[i] * im[i];
+  }
+}
+
+// Of one side only the hypotenuse is that side exactly.
+void decode_magnitudes(const Block& block, std::size_t first, std::span<double> out) noexcept {
+  block.re().decode(first, out);
+  if (takes_no_place(block.im())) {
+    for (double& part : out) part = std::fabs(part);
+    return;
+  }
+  for (std::size_t i = 0; i < out.size(); ++i)
+    out[i] = std::hypot(out[i], to_double(block.im().get(first + i)));
+}
+
+}  // namespace kov
