@@ -1,5 +1,6 @@
 #pragma once
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -37,17 +38,16 @@ KOV_INLINE inline std::size_t find_present_from(std::size_t first, const Sum* ce
   return present;
 }
 
-/// f(i) for every marks[i] that is not 0, ascending; takes the mark away. count is a multiple of 8.
+/// f(i) for every marks[i] that is 1, ascending; makes it 0. count is a multiple of 8.
 template <class Function>
 KOV_INLINE inline void for_each_mark(std::uint8_t* marks, std::size_t count, const Function& f) {
   for (std::size_t i = 0; i < count; i += 8) {
     std::uint64_t word = 0;
     std::memcpy(&word, marks + i, sizeof word);
     if (word == 0) continue;
-    for (std::size_t k = 0; k < 8; ++k) {
-      if (marks[i + k] != 0) f(i + k);
-      marks[i + k] = 0;
-    }
+    std::memset(marks + i, 0, sizeof word);
+    if constexpr (std::endian::native == std::endian::big) word = __builtin_bswap64(word);
+    for (; word != 0; word &= word - 1) f(i + static_cast<std::size_t>(std::countr_zero(word)) / 8);
   }
 }
 

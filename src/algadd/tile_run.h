@@ -85,7 +85,7 @@ class TileRun {
       return scatter(key, full_end);
     }
     const std::int64_t marked_end = std::min(end, key + cells_of_marked_tile);
-    if (places.key_behind(4 + 64 / terms) <= marked_end) {
+    if (places.key_behind(1 + 32 / terms) <= marked_end) {
       places.pass(marked_end, room_.pieces);
       return scatter_marked(key, marked_end);
     }
