@@ -119,8 +119,9 @@ void measure_memory(const Workload& workload, EngineStep& step, StepFigures& fig
   const std::size_t before = heap_bytes();
   const Lmap row = step.row();
   figures.bytes_per_point = static_cast<double>(heap_bytes() - before) / static_cast<double>(row.count());
-  figures.moved_bytes = static_cast<double>(stored_bytes(workload.row) + stored_bytes(row)) /
-                        static_cast<double>(workload.contributions());
+  const auto contributions = static_cast<double>(workload.contributions());
+  figures.read_bytes = static_cast<double>(stored_bytes(workload.row)) / contributions;
+  figures.written_bytes = static_cast<double>(stored_bytes(row)) / contributions;
 }
 
 // One thread and two by turns, so that neither has the quieter machine.

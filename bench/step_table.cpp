@@ -43,13 +43,16 @@ std::vector<Column> flint_columns() {
 }
 
 std::vector<Column> memory_columns(const MemoryBandwidth& bandwidth) {
-  const auto limit = [copy = bandwidth.copy](const StepFigures& step) {
-    return 1e9 * step.moved_bytes / copy;
+  const auto copy = [bandwidth](const StepFigures& step) {
+    return 1e9 * (step.read_bytes + step.written_bytes) / bandwidth.copy;
   };
-  return {
-      {"B/pt", 8, [](const auto& step) { return fixed_text(step.bytes_per_point, 1); }},
-      {"copy", 7, [limit](const auto& step) { return fixed_text(limit(step), 2); }},
-      {"2 thr/copy", 12, [limit](const auto& step) { return times_text(step.two_threads / limit(step)); }}};
+  const auto pages = [bandwidth](const StepFigures& step) {
+    return 1e9 * step.written_bytes / bandwidth.fresh;
+  };
+  return {{"B/pt", 8, [](const auto& step) { return fixed_text(step.bytes_per_point, 1); }},
+          {"copy", 7, [copy](const auto& step) { return fixed_text(copy(step), 2); }},
+          {"2 thr/copy", 12, [copy](const auto& step) { return times_text(step.two_threads / copy(step)); }},
+          {"pages", 7, [pages](const auto& step) { return fixed_text(pages(step), 2); }}};
 }
 
 std::string gigabytes_text(double bytes) { return fixed_text(bytes / 1e9, 1) + " GB/s"; }
@@ -77,7 +80,8 @@ void StepTable::print(std::ostream& out, const MemoryBandwidth& bandwidth) const
       << gigabytes_text(bandwidth.copy) << ", a sum reads " << gigabytes_text(bandwidth.read)
       << ", new pages are written with " << gigabytes_text(bandwidth.fresh) << ".\n"
       << "Steps, ns a contribution (of the processor with one thread, of the clock with two).\n"
-      << "copy: what a copy of the bytes of both rows takes.\n\n";
+      << "copy: what a copy of the bytes of both rows takes; pages: what writing the new row into new pages "
+         "takes.\n\n";
   print_line(out, widths, cells);
   for (const StepFigures& step : rows_) {
     std::transform(columns.begin(), columns.end(), cells.begin(),

@@ -24,7 +24,8 @@ struct StepFigures {
   /// Of the heap, for each point of the new row.
   double bytes_per_point = 0.0;
   /// Bytes of the row that is read and of the row that is written, for each contribution.
-  double moved_bytes = 0.0;
+  double read_bytes = 0.0;
+  double written_bytes = 0.0;
 };
 
 /// The steps side by side: what they cost literally, with the engine and with FLINT, the ratios, and how far
