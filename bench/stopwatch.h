@@ -38,14 +38,22 @@ class FastestTime {
   /// Times one iteration of a benchmark that uses manual time.
   template <class Operation>
   void measure(benchmark::State& state, const Operation& operation) {
-    const double duration = seconds_of(operation);
-    state.SetIterationTime(duration);
-    seconds_ = std::min(seconds_, duration);
+    take(state, seconds_of(operation));
+  }
+  /// The same for an operation that keeps to the calling thread, by its processor.
+  template <class Operation>
+  void measure_alone(benchmark::State& state, const Operation& operation) {
+    take(state, processor_seconds_of(operation));
   }
 
   double seconds() const { return seconds_; }
 
  private:
+  void take(benchmark::State& state, double duration) {
+    state.SetIterationTime(duration);
+    seconds_ = std::min(seconds_, duration);
+  }
+
   double seconds_ = std::numeric_limits<double>::infinity();
 };
 

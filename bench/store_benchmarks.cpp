@@ -68,7 +68,7 @@ void fill(benchmark::State& state, const Keys& keys) {
   FastestTime time;
   for ([[maybe_unused]] auto iteration : state) {
     Store store;
-    time.measure(state, [&] {
+    time.measure_alone(state, [&] {
       for (const Lk& key : keys) store_at(store, key);
     });
   }
@@ -78,7 +78,7 @@ void fill(benchmark::State& state, const Keys& keys) {
 void walk(benchmark::State& state, const Lmap& lmap) {
   FastestTime time;
   for ([[maybe_unused]] auto iteration : state) {
-    time.measure(state, [&] {
+    time.measure_alone(state, [&] {
       std::int64_t sum = 0;
       for (auto point = lmap.begin(); point != lmap.end(); ++point) {
         sum += point.key().coo[1] + point.quantity().re.nu();
@@ -93,7 +93,8 @@ void sum_up(benchmark::State& state, const Lmap& lmap, const Ranges& ranges) {
   SilentUser user;
   FastestTime time;
   for ([[maybe_unused]] auto iteration : state) {
-    time.measure(state, [&] { benchmark::DoNotOptimize(sum_ranges(lmap, ranges, 10000, user.progress())); });
+    time.measure_alone(state,
+                       [&] { benchmark::DoNotOptimize(sum_ranges(lmap, ranges, 10000, user.progress())); });
   }
   state.counters["M points/s"] = 1e-6 * static_cast<double>(lmap.count()) / time.seconds();
 }
@@ -104,7 +105,7 @@ void delete_smallest(benchmark::State& state, const Lmap& lmap) {
   FastestTime time;
   for ([[maybe_unused]] auto iteration : state) {
     Lmap copy = lmap;
-    time.measure(state, [&] { delete_smallest_of_nlast(copy, percent, user.progress()); });
+    time.measure_alone(state, [&] { delete_smallest_of_nlast(copy, percent, user.progress()); });
   }
   state.counters["ns/point"] = 1e9 * time.seconds() / static_cast<double>(lmap.count());
 }
