@@ -26,15 +26,21 @@ namespace {
 
 constexpr ImageSize page_size{1400, 900};
 
-/// A square of points in the plane k1, k2, and what the graph pages make of it.
+/// Squares of points in the plane k1, k2, one for each step, and what the graph pages make of them. Range 1
+/// holds all of the step in the middle.
 struct GraphBench {
-  explicit GraphBench(std::int32_t side) {
+  GraphBench(std::int32_t steps, std::int32_t side) {
     cph.InitPrgPar(WindowFacts{});
     RangeTable& table = tables.current_table();
     table.range[0] = {Lk::filled(lowest_int), Lk::filled(highest_int)};
+    table.range[0].min.coo[0] = table.range[0].max.coo[0] = steps / 2;
     table.icoo_along_y_in_g2 = {2, 2};
+    for (std::int32_t n = 0; n < steps; ++n) add_square(n, side);
+  }
+
+  void add_square(std::int32_t n, std::int32_t side) {
     for (std::int32_t k1 = 0; k1 < side; ++k1) {
-      Lk key = Lk::at(0, 0, k1);
+      Lk key = Lk::at(0, n, k1);
       for (key.coo[2] = 0; key.coo[2] < side; ++key.coo[2]) lmap.set(key, (37 * k1 + key.coo[2]) % 997 + 1);
     }
   }
@@ -175,14 +181,21 @@ void click_box(benchmark::State& state, GraphBench& bench) {
 void register_graph_benchmarks(Scale scale) {
   const std::int32_t side = scale == Scale::full ? 1000 : 30;
   const std::string size = ", " + int_text(side * side) + " points";
-  const auto bench = std::make_shared<GraphBench>(side);
-  const auto add = [&](const std::string& name, void (*run)(benchmark::State&, GraphBench&)) {
+  const auto square = std::make_shared<GraphBench>(1, side);
+  const auto rows = std::make_shared<GraphBench>(100, side / 10);
+  const auto add_for = [&](const std::shared_ptr<GraphBench>& bench, const std::string& name,
+                           void (*run)(benchmark::State&, GraphBench&)) {
     benchmark::RegisterBenchmark(name.c_str(), [bench, run](benchmark::State& state) { run(state, *bench); })
         ->UseManualTime()
         ->MinTime(seconds_per_benchmark(scale));
   };
-  add("Graph1, binning" + size, bin_graph1);
-  add("Graph2, binning" + size, bin_graph2);
+  const auto add = [&](const std::string& name, void (*run)(benchmark::State&, GraphBench&)) {
+    add_for(square, name, run);
+  };
+  add("Graph1, binning, all inside" + size, bin_graph1);
+  add_for(rows, "Graph1, binning, 1 row of 100 inside" + size, bin_graph1);
+  add("Graph2, binning, all inside" + size, bin_graph2);
+  add_for(rows, "Graph2, binning, 1 row of 100 inside" + size, bin_graph2);
   add("Graph2, colouring of 3000 x 2000 pixels", colour);
   const std::string distinct = "Graph2, distinct ones of 6 million values";
   for (const auto& [name, find] :

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "bench/benchmarks.h"
+#include "bench/deleting_run.h"
 #include "bench/table_reporter.h"
 
 namespace {
@@ -20,12 +21,15 @@ kov::Scale take_scale(std::vector<char*>& arguments) {
 }
 
 int run(std::vector<char*> arguments) {
+  if (kov::is_deleting_run(arguments)) return kov::perform_deleting_run(arguments);
   const kov::Scale scale = take_scale(arguments);
   auto count = static_cast<int>(arguments.size());
   benchmark::Initialize(&count, arguments.data());
   if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) return 2;
   if (scale == kov::Scale::quick) std::cout << "Little data, run once: the figures say nothing.\n";
-  kov::register_step_benchmarks(scale);
+  kov::StepTable steps;
+  kov::register_step_benchmarks(scale, steps);
+  kov::register_memory_benchmarks(scale);
   kov::register_store_benchmarks(scale);
   kov::register_file_benchmarks(scale);
   kov::register_comb_benchmarks(scale);
@@ -33,7 +37,9 @@ int run(std::vector<char*> arguments) {
   kov::TableReporter table;
   benchmark::RunSpecifiedBenchmarks(&table);
   benchmark::ClearRegisteredBenchmarks();
-  return table.any() ? 0 : 1;
+  if (!steps.empty()) steps.print(std::cout, kov::measure_memory_bandwidth(scale));
+  if (!table.empty()) table.print(std::cout);
+  return steps.empty() && table.empty() ? 1 : 0;
 }
 
 }  // namespace

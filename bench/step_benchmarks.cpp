@@ -1,98 +1,174 @@
 #include <benchmark/benchmark.h>
 
-#include <memory>
+#include <bit>
+#include <limits>
 #include <stdexcept>
 
-#include "algadd/algadd_run.h"
+#include "algadd/row_step.h"
 #include "bench/benchmarks.h"
-#include "bench/figures.h"
+#include "bench/flint_product.h"
+#include "bench/heap_bytes.h"
 #include "bench/silent_user.h"
 #include "bench/stopwatch.h"
 #include "bench/workloads.h"
 #include "support/literal_step.h"
-#include "text/integers.h"
 
 namespace kov {
 namespace {
 
-constexpr const char* unit = "ns/contribution";
+constexpr int table = 0;
 
-/// A workload, what one step must make of it, and what that costs in contributions.
-struct StepCase {
-  Workload workload;
-  LiteralStore row;
-  std::size_t result_points = 0;
-  double contributions = 0.0;
-
-  explicit StepCase(Workload given) : workload(std::move(given)) {
-    for (auto point = workload.row.begin(); point != workload.row.end(); ++point) {
-      row.emplace_hint(row.end(), point.key(), point.quantity());
-    }
-    result_points = row.size() + literal_row(workload.algadd, 0, row, workload.row.nlast()).size();
-    contributions = static_cast<double>(workload.contributions());
+LiteralStore literal_copy(const Lmap& row) {
+  LiteralStore copy;
+  for (auto point = row.begin(); point != row.end(); ++point) {
+    copy.emplace_hint(copy.end(), point.key(), point.quantity());
   }
+  return copy;
+}
 
-  void check(std::size_t points) const {
-    if (points != result_points) throw std::runtime_error(workload.name + ": the step made another row");
+bool same_bits(const ratyp& a, const ratyp& b) {
+  if (a.exact() != b.exact()) return false;
+  if (a.exact()) return a.nu() == b.nu() && a.de() == b.de();
+  return std::bit_cast<std::uint64_t>(a.fl()) == std::bit_cast<std::uint64_t>(b.fl());
+}
+
+bool same_bits(const Lmap& row, const LiteralStore& literal) {
+  if (row.count() != literal.size()) return false;
+  auto point = row.begin();
+  for (const auto& [key, q] : literal) {
+    if (point.key() != key || !same_bits(point.quantity().re, q.re) ||
+        !same_bits(point.quantity().im, q.im)) {
+      return false;
+    }
+    ++point;
+  }
+  return true;
+}
+
+std::size_t stored_bytes(const Lmap& store) {
+  std::size_t bytes = 0;
+  for (const Row& row : store.rows()) {
+    for (std::size_t i = 0; i < row.block_count(); ++i) bytes += row.block(i).bytes();
+  }
+  return bytes;
+}
+
+/// The step of one workload with so many threads.
+class EngineStep {
+ public:
+  EngineStep(const Workload& workload, int threads) : workload_(workload), workers_(threads) {}
+
+  Lmap row() {
+    const Algadd& algadd = workload_.algadd;
+    return RowStep(workers_).destinations(algadd, table, algadd.used_length(table), workload_.row,
+                                          workload_.row.nlast(), user_.progress());
+  }
+  /// Takes the time, which counts when it is the least so far.
+  void time() {
+    Lmap made;
+    const auto step = [&] { made = row(); };
+    seconds_ = std::min(seconds_, workers_.threads() == 1 ? processor_seconds_of(step) : seconds_of(step));
+  }
+  double seconds() const { return seconds_; }
+
+ private:
+  const Workload& workload_;
+  SilentUser user_;
+  WorkerPool workers_;
+  double seconds_ = std::numeric_limits<double>::infinity();
+};
+
+/// How often or how long each is run; the least time counts.
+struct Repeats {
+  int literal;
+  int flint;
+  double engine_seconds;
+
+  static Repeats of(Scale scale) {
+    return scale == Scale::full ? Repeats{.literal = 2, .flint = 3, .engine_seconds = 3.0}
+                                : Repeats{.literal = 1, .flint = 1, .engine_seconds = 0.0};
   }
 };
 
-// Runs operation on a fresh copy of store as often as the library wants; only operation is timed.
-template <class Store, class Operation>
-void measure(benchmark::State& state, const StepCase& step, const Store& store, const Operation& operation) {
-  FastestTime time;
-  for ([[maybe_unused]] auto iteration : state) {
-    Store copy = store;
-    time.measure(state, [&] { operation(copy); });
+double ns_per(const Workload& workload, double seconds) {
+  return 1e9 * seconds / static_cast<double>(workload.contributions());
+}
+
+// The literal reading, bounded to the used entries as the engine is. The engine must make its row in every
+// bit.
+void measure_literal(const Shape& shape, int repeats, StepFigures& figures) {
+  const Workload workload = shape.make(shape.literal_size);
+  const LiteralStore store = literal_copy(workload.row);
+  double best = std::numeric_limits<double>::infinity();
+  LiteralStore row;
+  for (int i = 0; i < repeats; ++i) {
+    row.clear();
+    best = std::min(best, processor_seconds_of([&] {
+                      row = literal_row(workload.algadd, table, store, workload.row.nlast(),
+                                        workload.algadd.used_length(table));
+                    }));
   }
-  state.counters[unit] = 1e9 * time.seconds() / step.contributions;
+  if (!same_bits(EngineStep(workload, 2).row(), row)) {
+    throw std::runtime_error(shape.name + ": the step made another row");
+  }
+  figures.literal_points = store.size();
+  figures.literal = ns_per(workload, best);
 }
 
-// A whole step as a command runs it, displays and limits included.
-void engine_step(benchmark::State& state, const StepCase& step) {
-  SilentUser user;
-  cphclass cph(user.messages());
-  cph.InitPrgPar(WindowFacts{});
-  cph.setkmi_1("MaxAllowedMemOccupationInKB", highest_int);
-  Algadd algadd = step.workload.algadd;
-  const RunRequest request{.table = 0, .mode = RunMode::keep, .intro = "", .steps = 1};
-  measure(state, step, step.workload.row, [&](Lmap& lmap) {
-    perform_algadd(algadd, lmap, cph, {}, request, user);
-    step.check(lmap.count());
+void measure_memory(const Workload& workload, EngineStep& step, StepFigures& figures) {
+  const std::size_t before = heap_bytes();
+  const Lmap row = step.row();
+  figures.bytes_per_point = static_cast<double>(heap_bytes() - before) / static_cast<double>(row.count());
+  const auto contributions = static_cast<double>(workload.contributions());
+  figures.read_bytes = static_cast<double>(stored_bytes(workload.row)) / contributions;
+  figures.written_bytes = static_cast<double>(stored_bytes(row)) / contributions;
+}
+
+// One thread and two by turns, so that neither has the quieter machine.
+void measure_engine(const Workload& workload, double seconds, StepFigures& figures) {
+  EngineStep one(workload, 1);
+  EngineStep two(workload, 2);
+  const double taken = seconds_of([&] {
+    one.time();
+    two.time();
   });
+  for (double left = seconds - taken; left > 0.0; left -= one.seconds() + two.seconds()) {
+    one.time();
+    two.time();
+  }
+  figures.one_thread = ns_per(workload, one.seconds());
+  figures.two_threads = ns_per(workload, two.seconds());
+  measure_memory(workload, two, figures);
 }
 
-// The row of the literal kernel, bounded to the used entries as the engine is, inserted into the store.
-void literal_step(benchmark::State& state, const StepCase& step) {
-  const Algadd& algadd = step.workload.algadd;
-  const int used_length = algadd.used_length(0);
-  const std::int32_t nlast = step.workload.row.nlast();
-  measure(state, step, step.row, [&](LiteralStore& store) {
-    const LiteralStore row = literal_row(algadd, 0, store, nlast, used_length);
-    store.insert(row.begin(), row.end());
-    step.check(store.size());
-  });
+void measure_flint(const Workload& workload, int repeats, StepFigures& figures) {
+  const auto product = flint_product(workload, repeats);
+  if (!product) return;
+  if (product->terms != EngineStep(workload, 2).row().count()) {
+    throw std::runtime_error(figures.name + ": the product has another number of terms");
+  }
+  figures.flint = ns_per(workload, product->seconds);
 }
 
-std::string case_name(const StepCase& step) {
-  return "step: " + step.workload.name + ", " + int_text(static_cast<std::int64_t>(step.row.size())) +
-         " points";
+StepFigures measure_step(const Shape& shape, Scale scale) {
+  const Repeats repeats = Repeats::of(scale);
+  StepFigures figures{.name = shape.name};
+  measure_literal(shape, repeats.literal, figures);
+  const Workload workload = shape.make(shape.size);
+  figures.points = workload.row.count();
+  measure_engine(workload, repeats.engine_seconds, figures);
+  measure_flint(workload, repeats.flint, figures);
+  return figures;
 }
 
 }  // namespace
 
-void register_step_benchmarks(Scale scale) {
-  for (Workload& workload : step_workloads(scale)) {
-    const auto step = std::make_shared<const StepCase>(std::move(workload));
-    const std::string name = case_name(*step);
-    const auto add = [&](const std::string& benchmark_name, auto run) {
-      benchmark::RegisterBenchmark(benchmark_name.c_str(),
-                                   [step, run](benchmark::State& state) { run(state, *step); })
-          ->UseManualTime()
-          ->MinTime(seconds_per_benchmark(scale));
-    };
-    add(name, engine_step);
-    add(literal_name(name), literal_step);
+void register_step_benchmarks(Scale scale, StepTable& steps) {
+  for (const Shape& shape : step_shapes(scale)) {
+    benchmark::RegisterBenchmark(("step: " + shape.name).c_str(), [shape, scale,
+                                                                   &steps](benchmark::State& state) {
+      for ([[maybe_unused]] auto iteration : state) steps.add(measure_step(shape, scale));
+    })->Iterations(1);
   }
 }
 

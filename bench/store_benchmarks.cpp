@@ -1,8 +1,7 @@
 #include <benchmark/benchmark.h>
-#include <malloc.h>
 
 #include <algorithm>
-#include <cmath>
+#include <array>
 #include <memory>
 #include <random>
 #include <string>
@@ -23,49 +22,40 @@
 namespace kov {
 namespace {
 
-/// Bytes that the allocator has handed out, its own book-keeping included.
-std::size_t heap_bytes() {
-  const struct mallinfo2 info = mallinfo2();
-  return info.uordblks + info.hblkhd;
+using Ranges = std::array<KeyBox, 2>;
+
+Ranges everything() {
+  const KeyBox all{Lk::filled(lowest_int), Lk::filled(highest_int)};
+  return {all, all};
 }
 
-// The heap that a store of so many points takes, for each point.
-template <class Make>
-void bytes_per_point(benchmark::State& state, std::int32_t points, const Make& make) {
-  double bytes = 0.0;
-  for ([[maybe_unused]] auto iteration : state) {
-    const std::size_t before = heap_bytes();
-    const auto store = make(points);
-    bytes = static_cast<double>(heap_bytes() - before);
-    benchmark::DoNotOptimize(&store);
+/// All of one step.
+Ranges row_only(std::int32_t n) {
+  Ranges ranges = everything();
+  for (KeyBox& range : ranges) range.min.coo[0] = range.max.coo[0] = n;
+  return ranges;
+}
+
+/// So many steps with a square of points each.
+Lmap steps_of_squares(std::int32_t steps, std::int32_t side) {
+  Lmap store;
+  for (std::int32_t n = 0; n < steps; ++n) {
+    Lmap square = integer_square(side);
+    square.shift_steps(n);
+    store.merge_new(square);
   }
-  state.counters["bytes/point"] = bytes / points;
+  return store;
 }
 
-LiteralStore literal_line(std::int32_t count) {
-  LiteralStore line;
-  for (std::int32_t k1 = 0; k1 < count; ++k1) line.emplace_hint(line.end(), Lk::at(0, 0, k1), 1);
-  return line;
+using Keys = std::vector<Lk>;
+
+Keys keys_of(const Lmap& lmap) {
+  Keys keys;
+  for (auto point = lmap.begin(); point != lmap.end(); ++point) keys.push_back(point.key());
+  return keys;
 }
 
-/// A line of points whose quantities are those of quantity(k1).
-template <class Quantity>
-auto line_of(const Quantity& quantity) {
-  return [quantity](std::int32_t count) {
-    Lmap line;
-    for (std::int32_t k1 = 0; k1 < count; ++k1) line.set(Lk::at(0, 0, k1), quantity(k1));
-    return line;
-  };
-}
-
-/// A square of points in random order.
-std::vector<Lk> scattered_keys(std::int32_t count) {
-  const auto side = static_cast<std::int32_t>(std::sqrt(count));
-  std::vector<Lk> keys;
-  for (std::int32_t i = 0; i < count; ++i) {
-    keys.push_back(Lk::at(0, 0, i / side));
-    keys.back().coo[2] = i % side;
-  }
+Keys shuffled(Keys keys) {
   std::shuffle(keys.begin(), keys.end(), std::mt19937(1));
   return keys;
 }
@@ -74,11 +64,11 @@ void store_at(Lmap& store, const Lk& key) { store.set(key, 1); }
 void store_at(LiteralStore& store, const Lk& key) { store[key] = 1; }
 
 template <class Store>
-void fill(benchmark::State& state, const std::vector<Lk>& keys) {
+void fill(benchmark::State& state, const Keys& keys) {
   FastestTime time;
   for ([[maybe_unused]] auto iteration : state) {
     Store store;
-    time.measure(state, [&] {
+    time.measure_alone(state, [&] {
       for (const Lk& key : keys) store_at(store, key);
     });
   }
@@ -88,7 +78,7 @@ void fill(benchmark::State& state, const std::vector<Lk>& keys) {
 void walk(benchmark::State& state, const Lmap& lmap) {
   FastestTime time;
   for ([[maybe_unused]] auto iteration : state) {
-    time.measure(state, [&] {
+    time.measure_alone(state, [&] {
       std::int64_t sum = 0;
       for (auto point = lmap.begin(); point != lmap.end(); ++point) {
         sum += point.key().coo[1] + point.quantity().re.nu();
@@ -99,15 +89,14 @@ void walk(benchmark::State& state, const Lmap& lmap) {
   state.counters["ns/point"] = 1e9 * time.seconds() / static_cast<double>(lmap.count());
 }
 
-void sum_up(benchmark::State& state, const Lmap& lmap) {
+void sum_up(benchmark::State& state, const Lmap& lmap, const Ranges& ranges) {
   SilentUser user;
   FastestTime time;
   for ([[maybe_unused]] auto iteration : state) {
-    time.measure(state, [&] {
-      benchmark::DoNotOptimize(sum_ranges(lmap, RangeTable::default_ranges(), 10000, user.progress()));
-    });
+    time.measure_alone(state,
+                       [&] { benchmark::DoNotOptimize(sum_ranges(lmap, ranges, 10000, user.progress())); });
   }
-  state.counters["points/s"] = static_cast<double>(lmap.count()) / time.seconds();
+  state.counters["M points/s"] = 1e-6 * static_cast<double>(lmap.count()) / time.seconds();
 }
 
 void delete_smallest(benchmark::State& state, const Lmap& lmap) {
@@ -116,7 +105,7 @@ void delete_smallest(benchmark::State& state, const Lmap& lmap) {
   FastestTime time;
   for ([[maybe_unused]] auto iteration : state) {
     Lmap copy = lmap;
-    time.measure(state, [&] { delete_smallest_of_nlast(copy, percent, user.progress()); });
+    time.measure_alone(state, [&] { delete_smallest_of_nlast(copy, percent, user.progress()); });
   }
   state.counters["ns/point"] = 1e9 * time.seconds() / static_cast<double>(lmap.count());
 }
@@ -124,45 +113,27 @@ void delete_smallest(benchmark::State& state, const Lmap& lmap) {
 }  // namespace
 
 void register_store_benchmarks(Scale scale) {
-  const std::int32_t points = scale == Scale::full ? 1000000 : 1000;
-  const std::string size = ", " + int_text(points) + " points";
-  const auto line = std::make_shared<const Lmap>(integer_line(points));
+  const std::int32_t side = scale == Scale::full ? 1000 : 30;
+  const std::string size = ", " + int_text(side * side) + " points";
   const auto add = [scale](const std::string& name, auto run) {
-    return benchmark::RegisterBenchmark(name.c_str(), run)
-        ->UseManualTime()
-        ->MinTime(seconds_per_benchmark(scale));
+    benchmark::RegisterBenchmark(name.c_str(), run)->UseManualTime()->MinTime(seconds_per_benchmark(scale));
   };
-  const auto add_memory = [&size, points](const std::string& name, auto make) {
-    benchmark::RegisterBenchmark((name + size).c_str(), [points, make](benchmark::State& state) {
-      bytes_per_point(state, points, make);
-    })->Iterations(1);
-  };
-  const std::string memory = "memory of a stored point";
-  add_memory(memory, integer_line);
-  benchmark::RegisterBenchmark(literal_name(memory + size).c_str(), [points](benchmark::State& state) {
-    bytes_per_point(state, points, literal_line);
-  })->Iterations(1);
-  add_memory(memory + ", floating",
-             line_of([](std::int32_t k1) { return cotyp(ratyp::floating(k1 + 0.5), 0); }));
-  add_memory(memory + ", exact complex",
-             line_of([](std::int32_t k1) { return cotyp(k1 + 1, 1, k1 + 2, 3); }));
-  add_memory(memory + ", floating complex",
-             line_of([](std::int32_t k1) { return cotyp::floating(k1 + 0.5, k1 + 0.25); }));
-  const auto scattered = std::make_shared<const std::vector<Lk>>(scattered_keys(points));
-  const auto ordered = [&scattered] {
-    std::vector<Lk> keys = *scattered;
-    std::sort(keys.begin(), keys.end(), LkOrder());
-    return std::make_shared<const std::vector<Lk>>(std::move(keys));
-  }();
-  for (const auto& [name, keys] : {std::pair("store, points in random order", scattered),
-                                   std::pair("store, points in key order", ordered)}) {
-    add(name + size, [keys = keys](benchmark::State& state) { fill<Lmap>(state, *keys); });
-    add(literal_name(name + size),
-        [keys = keys](benchmark::State& state) { fill<LiteralStore>(state, *keys); });
+  const auto integers = std::make_shared<const Lmap>(integer_square(side));
+  const auto floating = std::make_shared<const Lmap>(floating_square(side));
+  const auto ordered = std::make_shared<const Keys>(keys_of(*integers));
+  const auto scattered = std::make_shared<const Keys>(shuffled(*ordered));
+  for (const auto& [name, keys] :
+       {std::pair("set points in random order", scattered), std::pair("set points in key order", ordered)}) {
+    add(name + size, [keys = keys](auto& state) { fill<Lmap>(state, *keys); });
+    add(literal_name(name + size), [keys = keys](auto& state) { fill<LiteralStore>(state, *keys); });
   }
-  add("store, walk over its points" + size, [line](benchmark::State& state) { walk(state, *line); });
-  add("Sums1" + size, [line](benchmark::State& state) { sum_up(state, *line); });
-  add("delete smallest" + size, [line](benchmark::State& state) { delete_smallest(state, *line); });
+  add("walk over the points" + size, [integers](auto& state) { walk(state, *integers); });
+  const auto rows = std::make_shared<const Lmap>(steps_of_squares(100, side / 10));
+  add("Sums1, integers inside" + size, [integers](auto& state) { sum_up(state, *integers, everything()); });
+  add("Sums1, floating inside" + size, [floating](auto& state) { sum_up(state, *floating, everything()); });
+  add("Sums1, 1 row of 100 inside" + size, [rows](auto& state) { sum_up(state, *rows, row_only(50)); });
+  add("delete smallest, integers" + size, [integers](auto& state) { delete_smallest(state, *integers); });
+  add("delete smallest, floating" + size, [floating](auto& state) { delete_smallest(state, *floating); });
 }
 
 }  // namespace kov

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <ostream>
 #include <string_view>
 
 #include "bench/figures.h"
+#include "bench/table_text.h"
 
 namespace kov {
 namespace {
@@ -14,27 +14,9 @@ namespace {
 // Widths of the columns; the first is flush left, the others right.
 constexpr std::array<std::size_t, 5> widths = {58, 18, 14, 14, 8};
 
-std::string fixed_text(double value, int decimals) {
-  std::array<char, 400> digits{};
-  const auto end =
-      std::to_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::fixed, decimals);
-  return {digits.data(), end.ptr};
-}
-
 std::string figure_text(double figure) {
   if (figure == 0.0) return "";
   return fixed_text(figure, figure < 1000.0 ? 1 : 0);
-}
-
-void print_row(std::ostream& out, const std::array<std::string, widths.size()>& cells) {
-  std::string line = cells[0];
-  line.resize(std::max(line.size(), widths[0]), ' ');
-  for (std::size_t column = 1; column < cells.size(); ++column) {
-    const std::size_t blanks = widths[column] - std::min(widths[column], cells[column].size());
-    line += std::string(blanks, ' ') + cells[column];
-  }
-  line.erase(line.find_last_not_of(' ') + 1);
-  out << line << '\n';
 }
 
 bool smaller_is_better(std::string_view unit) { return unit.find('/') != unit.size() - 2; }
@@ -64,14 +46,14 @@ void TableReporter::ReportRuns(const std::vector<Run>& runs) {
   }
 }
 
-void TableReporter::Finalize() {
-  std::ostream& out = GetOutputStream();
-  print_row(out, {"benchmark", "unit", "engine", "literal", "ratio"});
+void TableReporter::print(std::ostream& out) const {
+  using Line = std::array<std::string, widths.size()>;
+  print_line(out, widths, Line{"benchmark", "unit", "engine", "literal", "ratio"});
   for (const Row& row : rows_) {
-    print_row(out, {row.name, row.unit, figure_text(row.figure), figure_text(row.literal),
+    print_line(out, widths,
+               Line{row.name, row.unit, figure_text(row.figure), figure_text(row.literal),
                     ratio_text(row.unit, row.figure, row.literal)});
   }
-  out.flush();
 }
 
 }  // namespace kov

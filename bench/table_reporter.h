@@ -2,21 +2,22 @@
 
 #include <benchmark/benchmark.h>
 
+#include <ostream>
 #include <string>
 #include <vector>
 
 namespace kov {
 
-/// Collects the figures of all benchmarks and prints them as one table: benchmark, unit, figure, the
+/// Collects the figures of all benchmarks, to be printed as one table: benchmark, unit, figure, the
 /// baseline's figure and the ratio of the two, above 1 where the engine is better.
 class TableReporter final : public benchmark::BenchmarkReporter {
  public:
   bool ReportContext(const Context&) override { return true; }
   void ReportRuns(const std::vector<Run>& runs) override;
-  void Finalize() override;
 
-  /// False when no benchmark ran.
-  bool any() const { return !rows_.empty(); }
+  /// True when no benchmark gave a figure.
+  bool empty() const { return rows_.empty(); }
+  void print(std::ostream& out) const;
 
  private:
   struct Row {
