@@ -43,7 +43,8 @@ TEST(PlannedRow, PartsOfARowMeetWithoutASeam) {
     EXPECT_EQ(row.box().min.coo[1], -5);
     EXPECT_EQ(row.box().max.coo[1], 300000);
     EXPECT_TRUE(identical(store_with(std::move(row)), expected)) << threads;
-    EXPECT_GT(progress.breaths, 0) << threads;
+    // With others at work the calling thread may find all parts taken.
+    if (threads == 1) EXPECT_GT(progress.breaths, 1);
   }
 }
 
