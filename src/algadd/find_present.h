@@ -83,7 +83,7 @@ __attribute__((target("avx512f,avx512vl,avx512dq,avx512bw"))) inline __mmask16 p
     const ComplexSum<double>* cells) {
   const __m512d zero = _mm512_setzero_pd();
   unsigned mask = 0;
-  for (unsigned part = 0; part < 4; ++part) {
+  for (std::size_t part = 0; part < 4; ++part) {
     const unsigned parts = _mm512_cmp_pd_mask(_mm512_loadu_pd(cells + 4 * part), zero, _CMP_NEQ_UQ);
     unsigned pairs = (parts | parts >> 1U) & 0x55U;
     pairs = (pairs | pairs >> 1U) & 0x33U;
