@@ -17,9 +17,9 @@ namespace kov {
 /// Cells that are looked at together: a touched cell marks its line.
 inline constexpr std::size_t cells_of_line = 16;
 
-/// Writes to found the indices of the cells that hold a point, ascending, and gives their number. found has room
-/// for count + cells_of_line; cells beyond count, up to a whole line, can be read and hold no point. Vectors of cells on
-/// processors that can compress a vector, one branchless store a cell on others.
+/// Writes to found the indices of the cells that hold a point, ascending, and gives their number. found has
+/// room for count + cells_of_line; cells beyond count, up to a whole line, can be read and hold no point.
+/// Vectors of cells on processors that can compress a vector, one branchless store a cell on others.
 template <class Sum>
 std::size_t find_present(const Sum* cells, std::size_t count, std::uint32_t* found);
 
