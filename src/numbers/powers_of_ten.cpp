@@ -45,6 +45,8 @@ constexpr Powers powers = [] {
 
 }  // namespace
 
-PowerOfTen power_of_ten(int p) noexcept { return powers[static_cast<std::size_t>(p) + std::size_t{largest_power_of_ten}]; }
+PowerOfTen power_of_ten(int p) noexcept {
+  return powers[static_cast<std::size_t>(p) + std::size_t{largest_power_of_ten}];
+}
 
 }  // namespace kov

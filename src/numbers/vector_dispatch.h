@@ -46,9 +46,9 @@ void run_loop_avx512(const Loop& loop) {
 
 #endif
 
-/// Runs loop, a function object marked KOV_INLINE, with the widest vectors that the processor has. The loop is
-/// compiled once for each unit from the one source. The results are the same on all: the loops hold no sums
-/// across lanes, and products and sums are never contracted.
+/// Runs loop, a function object marked KOV_INLINE, with the widest vectors that the processor has. The loop
+/// is compiled once for each unit from the one source. The results are the same on all: the loops hold no
+/// sums across lanes, and products and sums are never contracted.
 template <class Loop>
 void run_loop(const Loop& loop) {
   switch (vector_unit()) {

@@ -47,10 +47,11 @@ bool may_use_qt(const Layer& layer) {
   return layer.name == "widgets" || layer.name == "app" || layer.name.ends_with("/qt");
 }
 
-/// The standard library's headers have neither a folder nor an extension. What the processor's vectors can do comes
-/// with every compiler for it.
+/// The standard library's headers have neither a folder nor an extension. What the processor's vectors can do
+/// comes with every compiler for it.
 bool is_standard_or_posix(const std::string& header) {
-  static constexpr std::array<std::string_view, 4> others = {"fcntl.h", "immintrin.h", "signal.h", "unistd.h"};
+  static constexpr std::array<std::string_view, 4> others = {"fcntl.h", "immintrin.h", "signal.h",
+                                                             "unistd.h"};
   return header.starts_with("sys/") || std::ranges::find(others, header) != others.end() ||
          header.find_first_of("./") == std::string::npos;
 }
