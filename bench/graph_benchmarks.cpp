@@ -201,7 +201,7 @@ void register_graph_benchmarks(Scale scale) {
   for (const auto& [name, find] :
        {std::pair{distinct, &distinct_values}, std::pair{literal_name(distinct), &compared_values}}) {
     benchmark::RegisterBenchmark(name.c_str(),
-                                 [find](benchmark::State& state) { find_distinct(state, find); })
+                                 [find = find](benchmark::State& state) { find_distinct(state, find); })
         ->UseManualTime()
         ->MinTime(seconds_per_benchmark(scale));
   }

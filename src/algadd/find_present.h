@@ -17,9 +17,9 @@ namespace kov {
 /// Cells that are looked at together: a touched cell marks its line.
 inline constexpr std::size_t cells_of_line = 16;
 
-/// Writes to found the indices of the cells that hold a point, ascending, and gives their number. found has room
-/// for count + cells_of_line; cells beyond count, up to a whole line, can be read and hold no point. Vectors of cells on
-/// processors that can compress a vector, one branchless store a cell on others.
+/// Writes to found the indices of the cells that hold a point, ascending, and gives their number. found has
+/// room for count + cells_of_line; cells beyond count, up to a whole line, can be read and hold no point.
+/// Vectors of cells on processors that can compress a vector, one branchless store a cell on others.
 template <class Sum>
 std::size_t find_present(const Sum* cells, std::size_t count, std::uint32_t* found);
 
@@ -83,7 +83,7 @@ __attribute__((target("avx512f,avx512vl,avx512dq,avx512bw"))) inline __mmask16 p
     const ComplexSum<double>* cells) {
   const __m512d zero = _mm512_setzero_pd();
   unsigned mask = 0;
-  for (unsigned part = 0; part < 4; ++part) {
+  for (std::size_t part = 0; part < 4; ++part) {
     const unsigned parts = _mm512_cmp_pd_mask(_mm512_loadu_pd(cells + 4 * part), zero, _CMP_NEQ_UQ);
     unsigned pairs = (parts | parts >> 1U) & 0x55U;
     pairs = (pairs | pairs >> 1U) & 0x33U;

@@ -98,8 +98,8 @@ FractionArithmetic::Prepared FractionArithmetic::prepare(const Block& block) {
   return prepared;
 }
 
-// Both parts of a product are floating as soon as one of the four parts that it is made of is. The real part is
-// then still the exact product of two exact real parts, taken as a double.
+// Both parts of a product are floating as soon as one of the four parts that it is made of is. The real part
+// is then still the exact product of two exact real parts, taken as a double.
 FractionSum FractionArithmetic::product(const Factor& p, Values q, std::size_t i) {
   FractionSum product;
   const bool exact_parts = p.exact() && q[i].exact();

@@ -14,7 +14,8 @@
 
 namespace kov {
 
-/// A real number, a fraction or a double, whose imaginary part is a zero of either state. New: an absent point.
+/// A real number, a fraction or a double, whose imaginary part is a zero of either state. New: an absent
+/// point.
 struct FractionSum {
   /// A double has denominator 0 and its bits here.
   std::int64_t number = 0;
@@ -32,9 +33,9 @@ inline bool is_absent(const FractionSum& sum) {
   return sum.exact() ? sum.number == 0 : sum.floating() == 0.0;
 }
 
-/// Fractions and floating numbers side by side, where all imaginary parts are zeros, exact or floating. The very
-/// operations of ratyp with their limits, without the products and sums of a complex multiplication that can only
-/// be zero. Products within the limits are taken in 64 bits, so no division asks for the limit.
+/// Fractions and floating numbers side by side, where all imaginary parts are zeros, exact or floating. The
+/// very operations of ratyp with their limits, without the products and sums of a complex multiplication that
+/// can only be zero. Products within the limits are taken in 64 bits, so no division asks for the limit.
 struct FractionArithmetic {
   using Sum = FractionSum;
   using Factor = FractionSum;

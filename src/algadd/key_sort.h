@@ -30,7 +30,9 @@ void sort_by_key(std::vector<Keyed<Value>>& items, std::vector<Keyed<Value>>& ro
   while (range >> shift >= items.size()) ++shift;
 
   std::vector<std::uint32_t> ends((range >> shift) + 2);
-  const auto bucket = [&](const Keyed<Value>& item) { return static_cast<std::uint64_t>(item.key - low) >> shift; };
+  const auto bucket = [&](const Keyed<Value>& item) {
+    return static_cast<std::uint64_t>(item.key - low) >> shift;
+  };
   for (const auto& item : items) ++ends[bucket(item) + 1];
   for (std::size_t b = 1; b < ends.size(); ++b) ends[b] += ends[b - 1];
   room.resize(items.size());

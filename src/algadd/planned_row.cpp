@@ -12,8 +12,8 @@ namespace kov {
 
 namespace {
 
-/// Parts of a row that threads take one after the other: enough that none waits long for another, and that the
-/// display breathes often; each large enough that its beginning does not count.
+/// Parts of a row that threads take one after the other: enough that none waits long for another, and that
+/// the display breathes often; each large enough that its beginning does not count.
 constexpr std::size_t parts_per_thread = 8;
 constexpr std::size_t smallest_part = 32768;
 constexpr std::size_t largest_part = 400000;
@@ -34,9 +34,10 @@ std::size_t part_count(const StepPlan& plan, int threads) {
 // Splits the destinations into parts of much the same number of contributions: where a term of the longest
 // stream has moved as many of its points. The first bound lies below all destinations, the last above them.
 std::vector<std::int64_t> part_bounds(const StepPlan& plan, std::size_t parts) {
-  const auto longest = std::max_element(plan.terms.begin(), plan.terms.end(), [&](const auto& a, const auto& b) {
-    return plan.streams[a.stream].count() < plan.streams[b.stream].count();
-  });
+  const auto longest =
+      std::max_element(plan.terms.begin(), plan.terms.end(), [&](const auto& a, const auto& b) {
+        return plan.streams[a.stream].count() < plan.streams[b.stream].count();
+      });
   const SourceStream& stream = plan.streams[longest->stream];
   std::vector<std::int64_t> bounds{0};
   for (std::size_t part = 1; part < parts; ++part) {

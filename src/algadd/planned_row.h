@@ -7,8 +7,8 @@
 
 namespace kov {
 
-/// Carries a plan out: the row of its destinations, which may be empty. Throws floating_overflow when a product
-/// or a sum is not finite.
+/// Carries a plan out: the row of its destinations, which may be empty. Throws floating_overflow when a
+/// product or a sum is not finite.
 Row planned_row(const StepPlan& plan, WorkerPool& workers, Progress& progress);
 
 }  // namespace kov

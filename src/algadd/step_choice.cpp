@@ -133,8 +133,10 @@ class CommonDenominator {
   std::int64_t value_ = 1;
 };
 
+// The denominator divides the common one.
 double scaled(double numerator, std::int32_t denominator, std::int32_t common) {
-  return numerator * (common / denominator);
+  const std::int32_t factor = common / denominator;
+  return numerator * factor;
 }
 
 double largest(const Column& column, std::int32_t denominator) {

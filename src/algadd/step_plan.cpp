@@ -24,9 +24,7 @@ struct ActiveEntry {
   std::int32_t destination_n() const { return wrapping_add(row->n(), entry->offset.n()); }
 };
 
-bool may_hold(const Row& row, std::int32_t l) {
-  return row.box().min.l() <= l && l <= row.box().max.l();
-}
+bool may_hold(const Row& row, std::int32_t l) { return row.box().min.l() <= l && l <= row.box().max.l(); }
 
 // Grows box by what the entry makes of the row; false when a coordinate might wrap.
 bool add_destinations(KeyBox& box, const ActiveEntry& active) {
@@ -59,10 +57,8 @@ KeyBox with_slack(KeyBox box, const std::vector<ActiveEntry>& entries) {
     }
     const std::int64_t side = std::int64_t{box.max.coo[i]} - box.min.coo[i];
     const std::int64_t slack = reach == 0 ? 0 : std::max(steps_of_slack * reach, side / 16);
-    box.min.coo[i] =
-        static_cast<std::int32_t>(std::max<std::int64_t>(box.min.coo[i] - slack, lowest_int));
-    box.max.coo[i] =
-        static_cast<std::int32_t>(std::min<std::int64_t>(box.max.coo[i] + slack, highest_int));
+    box.min.coo[i] = static_cast<std::int32_t>(std::max<std::int64_t>(box.min.coo[i] - slack, lowest_int));
+    box.max.coo[i] = static_cast<std::int32_t>(std::min<std::int64_t>(box.max.coo[i] + slack, highest_int));
   }
   return box;
 }

@@ -33,7 +33,7 @@ class StepSources {
 
 /// The same where every block is made ready first, once for all terms.
 template <class Arithmetic>
-  requires requires { typename Arithmetic::Prepared; }
+requires requires { typename Arithmetic::Prepared; }
 class StepSources<Arithmetic> {
  public:
   struct Room {};
@@ -41,7 +41,8 @@ class StepSources<Arithmetic> {
   StepSources(const StepPlan& plan, const Arithmetic&) : plan_(plan), prepared_(plan.streams.size()) {
     for (std::size_t stream = 0; stream < prepared_.size(); ++stream) {
       prepared_[stream].resize(plan.streams[stream].block_count());
-      for (std::size_t block = 0; block < prepared_[stream].size(); ++block) places_.push_back({stream, block});
+      for (std::size_t block = 0; block < prepared_[stream].size(); ++block)
+        places_.push_back({stream, block});
     }
   }
 

@@ -37,7 +37,8 @@ class SumWriter {
     if (count_ == block_capacity) flush();
   }
 
-  /// Appends the sums of the cells at the ascending indices, none of them absent; cell i has the key first + i.
+  /// Appends the sums of the cells at the ascending indices, none of them absent; cell i has the key first +
+  /// i.
   void append(std::int64_t first, const Sum* cells, std::span<const std::uint32_t> indices) {
     while (!indices.empty()) {
       const std::size_t some = std::min(indices.size(), block_capacity - count_);

@@ -29,8 +29,8 @@ class TermPlaces {
 
   /// The smallest destination that any term still has; no_key when there is none.
   std::int64_t next_key() const;
-  /// The smallest destination that some term has behind its next count points; no_key when no term has as many.
-  /// Up to there each term has at most count points.
+  /// The smallest destination that some term has behind its next count points; no_key when no term has as
+  /// many. Up to there each term has at most count points.
   std::int64_t key_behind(std::size_t count) const;
   /// Passes all points whose destinations are less than end; gives them in the order of the terms.
   void pass(std::int64_t end, std::vector<Piece>& pieces);
@@ -43,9 +43,7 @@ class TermPlaces {
     std::size_t index = 0;
 
     bool at_end() const { return block == stream->block_count(); }
-    std::int64_t key() const {
-      return static_cast<std::int64_t>(stream->block(block).key(index)) + shift;
-    }
+    std::int64_t key() const { return static_cast<std::int64_t>(stream->block(block).key(index)) + shift; }
   };
 
   std::vector<Place> places_;

@@ -72,7 +72,8 @@ class TileRun {
   }
 
  private:
-  // Sums that the first-level cache holds beside the sources; and so many that few of their lines are touched.
+  // Sums that the first-level cache holds beside the sources; and so many that few of their lines are
+  // touched.
   static constexpr std::int64_t cells_of_full_tile = std::max<std::int64_t>(1024, 49152 / sizeof(Sum));
   static constexpr std::int64_t cells_of_marked_tile = sizeof(Sum) > 16 ? 16384 : 65536;
   static constexpr std::size_t contributions_to_sort = 8192;
@@ -121,9 +122,8 @@ class TileRun {
     const auto cell_count = static_cast<std::size_t>(end - begin);
     room_.make_cells(cell_count);
     Sum* const cells = room_.cells.data();
-    for_each_product([=](std::int64_t key, const Sum& product) KOV_INLINE {
-      Arithmetic::add(cells[key - begin], product);
-    });
+    for_each_product([=](std::int64_t key, const Sum& product)
+                         KOV_INLINE { Arithmetic::add(cells[key - begin], product); });
     const std::size_t present = find_present(cells, cell_count, room_.found.data());
     writer_->append(begin, cells, std::span<const std::uint32_t>(room_.found.data(), present));
     std::fill_n(cells, cell_count, Sum{});
@@ -156,7 +156,8 @@ class TileRun {
     for (std::size_t i = 0; i < room_.products.size();) {
       const std::int64_t key = room_.products[i].key;
       Sum sum{};
-      for (; i < room_.products.size() && room_.products[i].key == key; ++i) Arithmetic::add(sum, room_.products[i].value);
+      for (; i < room_.products.size() && room_.products[i].key == key; ++i)
+        Arithmetic::add(sum, room_.products[i].value);
       writer_->append(key, sum);
     }
   }

@@ -32,7 +32,7 @@ constexpr PowerOfTen previous_power(PowerOfTen power) noexcept {
 // A step multiplies the significand by 5/8, 5/4, 4/5 or 8/5 and cuts off less than 1, which is less than
 // 2^-127 of what is left: after p steps less than p * 2^-127 of it is missing in all, 2 * p units at the
 // most.
-static_assert(2 * largest_power_of_ten < power_of_ten_error);
+static_assert(std::uint64_t{2} * largest_power_of_ten < power_of_ten_error);
 
 constexpr Powers powers = [] {
   Powers result{};
@@ -45,6 +45,6 @@ constexpr Powers powers = [] {
 
 }  // namespace
 
-PowerOfTen power_of_ten(int p) noexcept { return powers[static_cast<std::size_t>(p + largest_power_of_ten)]; }
+PowerOfTen power_of_ten(int p) noexcept { return powers[static_cast<std::size_t>(p) + std::size_t{largest_power_of_ten}]; }
 
 }  // namespace kov

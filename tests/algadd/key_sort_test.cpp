@@ -19,7 +19,8 @@ Items numbered(const std::vector<std::int64_t>& keys) {
 void expect_sorted(const std::vector<std::int64_t>& keys) {
   Items items = numbered(keys);
   Items expected = items;
-  std::stable_sort(expected.begin(), expected.end(), [](const auto& a, const auto& b) { return a.key < b.key; });
+  std::stable_sort(expected.begin(), expected.end(),
+                   [](const auto& a, const auto& b) { return a.key < b.key; });
   Items room;
   sort_by_key(items, room);
   ASSERT_EQ(items.size(), expected.size());

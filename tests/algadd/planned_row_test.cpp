@@ -44,7 +44,9 @@ TEST(PlannedRow, PartsOfARowMeetWithoutASeam) {
     EXPECT_EQ(row.box().max.coo[1], 300000);
     EXPECT_TRUE(identical(store_with(std::move(row)), expected)) << threads;
     // With others at work the calling thread may find all parts taken.
-    if (threads == 1) EXPECT_GT(progress.breaths, 1);
+    if (threads == 1) {
+      EXPECT_GT(progress.breaths, 1);
+    }
   }
 }
 

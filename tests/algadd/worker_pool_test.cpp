@@ -16,7 +16,8 @@ TEST(WorkerPool, DoesEveryTaskOnceWhateverTheNumberOfThreads) {
     WorkerPool pool(threads);
     for (const std::size_t count : {0U, 1U, 2U, 5U, 100U}) {
       std::array<std::atomic<int>, 100> calls{};
-      pool.run(count, [&](std::size_t task, std::size_t) { ++calls.at(task); }, nothing);
+      pool.run(
+          count, [&](std::size_t task, std::size_t) { ++calls.at(task); }, nothing);
       for (std::size_t task = 0; task < calls.size(); ++task) EXPECT_EQ(calls[task], task < count ? 1 : 0);
     }
   }
@@ -39,7 +40,9 @@ TEST(WorkerPool, TellsEveryTaskItsThread) {
 TEST(WorkerPool, TakesOneJobAfterTheOther) {
   WorkerPool pool(2);
   std::atomic<int> sum = 0;
-  for (int job = 0; job < 2000; ++job) pool.run(3, [&](std::size_t task, std::size_t) { sum += static_cast<int>(task); }, nothing);
+  for (int job = 0; job < 2000; ++job)
+    pool.run(
+        3, [&](std::size_t task, std::size_t) { sum += static_cast<int>(task); }, nothing);
   EXPECT_EQ(sum, 2000 * 3);
 }
 
@@ -76,9 +79,12 @@ TEST(WorkerPool, ThrowsWhatATaskThrowsAndCanGoOn) {
     EXPECT_THROW(pool.run(5, task, nothing), std::runtime_error);
   }
   WorkerPool alone(1);
-  EXPECT_THROW(alone.run(2, [](std::size_t, std::size_t) {}, [] { throw std::bad_alloc(); }), std::bad_alloc);
+  EXPECT_THROW(alone.run(
+                   2, [](std::size_t, std::size_t) {}, [] { throw std::bad_alloc(); }),
+               std::bad_alloc);
   std::atomic<int> calls = 0;
-  pool.run(10, [&](std::size_t, std::size_t) { ++calls; }, nothing);
+  pool.run(
+      10, [&](std::size_t, std::size_t) { ++calls; }, nothing);
   EXPECT_EQ(calls, 10);
 }
 

@@ -75,7 +75,7 @@ TEST(RowGatherer, TakesBlocksThatHaveFramesIntoARowThatHasNone) {
   // Two blocks of neighbours each, the second one beyond 64 bits of the first.
   for (int i = 0; i < 8192; ++i) {
     if (i == 4096) {
-      for (const std::size_t position : {1, 2, 3}) key.coo[position] = INT32_MAX;
+      for (const std::size_t position : {1U, 2U, 3U}) key.coo[position] = INT32_MAX;
     }
     key.coo[30] = i;
     gatherer.append(key, i + 1);
