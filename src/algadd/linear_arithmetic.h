@@ -84,8 +84,9 @@ struct RealArithmetic {
   KOV_INLINE static Sum product(Factor p, Values q, std::size_t i) { return {p * q[i]}; }
   KOV_INLINE static void add(Sum& sum, const Sum& product) { sum.re += product.re; }
   std::pair<Column, Column> columns(std::span<const Sum> sums) const {
-    static_assert(sizeof(Sum) == sizeof(Number));
-    const std::span numbers_of_sums(&sums.data()->re, sums.size());
+    std::array<Number, block_capacity> part;
+    const std::span<const Number> numbers_of_sums(part.data(), sums.size());
+    for (std::size_t i = 0; i < sums.size(); ++i) part[i] = sums[i].re;
     if constexpr (std::is_same_v<Numbers, IntegerNumbers>) {
       return {numbers.column(numbers_of_sums), Column::zero(sums.size())};
     } else {

@@ -37,7 +37,7 @@ Lmap RowStep::destinations(const Algadd& algadd, int table, int used_length, con
   if (!plans) return literal_step(algadd, table, used_length, store, n, progress);
   Lmap destinations;
   for (const StepPlan& plan : *plans) {
-    Row row = planned_row(plan, workers_, progress);
+    Row row = planned_row(plan, workers_, progress, size_);
     if (!row.empty()) destinations.insert_row(std::move(row));
   }
   return destinations;

@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "algadd/algadd.h"
+#include "algadd/planned_row.h"
 #include "algadd/worker_pool.h"
 #include "interact/progress.h"
 #include "lattice/lmap.h"
@@ -13,7 +14,7 @@ namespace kov {
 /// AddLpairToLmap_1 called for each source point in key order, whatever the number of threads.
 class RowStep {
  public:
-  explicit RowStep(WorkerPool& workers) : workers_(workers) {}
+  explicit RowStep(WorkerPool& workers, PartSize size = {}) : workers_(workers), size_(size) {}
 
   /// What the entries 0 ... used_length - 1 of table t make of all points of the store from row n on. Throws
   /// floating_overflow when a product or a sum is not finite, and std::bad_alloc. The display breathes every
@@ -23,6 +24,7 @@ class RowStep {
 
  private:
   WorkerPool& workers_;
+  PartSize size_;
 };
 
 }  // namespace kov

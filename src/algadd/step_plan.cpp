@@ -1,7 +1,6 @@
 #include "algadd/step_plan.h"
 
 #include <algorithm>
-#include <limits>
 #include <map>
 #include <tuple>
 
@@ -39,13 +38,6 @@ bool add_destinations(KeyBox& box, const ActiveEntry& active) {
   box.min.coo[l_position] = std::min(box.min.l(), active.entry->ldest);
   box.max.coo[l_position] = std::max(box.max.l(), active.entry->ldest);
   return true;
-}
-
-void add_box(KeyBox& box, const KeyBox& other) {
-  for (std::size_t i = 0; i < box.min.coo.size(); ++i) {
-    box.min.coo[i] = std::min(box.min.coo[i], other.min.coo[i]);
-    box.max.coo[i] = std::max(box.max.coo[i], other.max.coo[i]);
-  }
 }
 
 // The keys of all sources and destinations of a plan, with room for further steps along the offsets.
@@ -120,7 +112,7 @@ std::optional<StepPlan> plan_row(std::int32_t n, std::vector<ActiveEntry> entrie
     if (!add_destinations(destinations, active)) return std::nullopt;
   }
   KeyBox keys = destinations;
-  for (const ActiveEntry& active : entries) add_box(keys, active.row->box());
+  for (const ActiveEntry& active : entries) keys.include(active.row->box());
   const std::optional<KeyFrame> frame = step_frame(keys, entries);
   if (!frame) return std::nullopt;
 

@@ -81,7 +81,7 @@ class TileRun {
   void tile(TermPlaces& places, std::int64_t key, std::int64_t end) {
     const std::size_t terms = factors_.size();
     const std::int64_t full_end = std::min(end, key + cells_of_full_tile);
-    if (places.key_behind(cells_of_full_tile / 8 / terms) <= full_end) {
+    if (places.key_behind(1 + cells_of_full_tile / 8 / terms) <= full_end) {
       places.pass(full_end, room_.pieces);
       return scatter(key, full_end);
     }

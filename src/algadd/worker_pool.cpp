@@ -38,15 +38,19 @@ void WorkerPool::run(std::size_t count, const Task& task, const std::function<vo
   }
   if (count > 1) job_given_.notify_all();
   work(0, &between);
-  std::unique_lock lock(mutex_);
-  while (busy_ != 0) {
-    if (worker_idle_.wait_for(lock, wait_between_breaths, [this] { return busy_ == 0; })) break;
-    lock.unlock();
+  const auto breathe = [&] {
     try {
       between();
     } catch (...) {
       note_failure();
     }
+  };
+  breathe();
+  std::unique_lock lock(mutex_);
+  while (busy_ != 0) {
+    if (worker_idle_.wait_for(lock, wait_between_breaths, [this] { return busy_ == 0; })) break;
+    lock.unlock();
+    breathe();
     lock.lock();
   }
   task_ = nullptr;

@@ -26,9 +26,9 @@ class WorkerPool {
   using Task = std::function<void(std::size_t task, std::size_t thread)>;
 
   /// Calls the task for 0 ... count - 1, each once, in any order and on any thread, and returns when all are
-  /// done. The calling thread calls between after each of its tasks, and every few milliseconds while it
-  /// waits for the others. Of what tasks and between throw, the first that is noticed is thrown here, when no
-  /// task runs any more; tasks that have not begun by then are left out.
+  /// done. The calling thread calls between after each of its tasks, once when no task is left for it, and
+  /// every few milliseconds while it waits for the others. Of what tasks and between throw, the first that is
+  /// noticed is thrown here, when no task runs any more; tasks that have not begun by then are left out.
   void run(std::size_t count, const Task& task, const std::function<void()>& between);
 
  private:

@@ -23,7 +23,7 @@ class RowStepAgainstLiteral : public ::testing::Test {
   static constexpr std::array<int, 4> thread_counts = {1, 2, 3, 7};
 
   /// The step of the world with each number of threads, compared with the literal one.
-  void compare(const StepWorld& world) {
+  void compare(const StepWorld& world, PartSize size = {}) {
     const LiteralStore literal = literal_copy(world.lmap);
     const LiteralStore expected = literal_row(world.algadd, 0, literal, world.n, world.used_length());
     const bool overflow = !all_finite(expected);
@@ -32,8 +32,8 @@ class RowStepAgainstLiteral : public ::testing::Test {
     points_ += expected.size();
     for (WorkerPool& pool : pools_) {
       const auto make = [&] {
-        return RowStep(pool).destinations(world.algadd, 0, world.used_length(), world.lmap, world.n,
-                                          progress_);
+        return RowStep(pool, size)
+            .destinations(world.algadd, 0, world.used_length(), world.lmap, world.n, progress_);
       };
       if (overflow) {
         ASSERT_THROW(make(), floating_overflow);
@@ -70,7 +70,9 @@ class RowStepAgainstLiteral : public ::testing::Test {
 TEST_F(RowStepAgainstLiteral, SmallWorldsEqualItInEveryBit) {
   for (std::uint64_t seed = 1; seed <= 20000; ++seed) {
     SCOPED_TRACE(seed);
-    ASSERT_NO_FATAL_FAILURE(compare(StepWorld(seed, 60)));
+    // Parts of a few contributions each, so that the threads share rows as small as these.
+    const std::size_t part = 1 + seed % 50;
+    ASSERT_NO_FATAL_FAILURE(compare(StepWorld(seed, 60), {.smallest = part, .largest = 10 * part}));
   }
   EXPECT_GT(points_, 500000U);
   EXPECT_GT(overflows_, 20);
