@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
 
 #include "support/points_text.h"
+#include "support/same_part.h"
 #include "text/integers.h"
 
 namespace kov {
@@ -127,18 +127,6 @@ LiteralStore literal_copy(const Lmap& lmap) {
 bool all_finite(const LiteralStore& store) {
   return std::all_of(store.begin(), store.end(), [](const auto& point) { return is_finite(point.second); });
 }
-
-namespace {
-
-bool same_part(const ratyp& a, const ratyp& b) {
-  if (a.exact() != b.exact()) return false;
-  if (a.exact()) return a.nu() == b.nu() && a.de() == b.de();
-  const double x = a.fl();
-  const double y = b.fl();
-  return std::memcmp(&x, &y, sizeof x) == 0;
-}
-
-}  // namespace
 
 ::testing::AssertionResult identical(const Lmap& lmap, const LiteralStore& literal) {
   if (lmap.count() != literal.size()) {

@@ -2,13 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
 #include <random>
 #include <vector>
 
 #include "numbers/errors.h"
 #include "sums/range_table.h"
 #include "support/recording_progress.h"
+#include "support/same_part.h"
 
 namespace kov {
 namespace {
@@ -22,14 +22,6 @@ RangeSums sums_of(const Lmap& lmap, const Ranges& ranges) {
 }
 
 KeyBox line(std::int32_t first, std::int32_t last) { return {Lk::at(0, 0, first), Lk::at(0, 0, last)}; }
-
-bool same_part(const ratyp& a, const ratyp& b) {
-  if (a.exact() != b.exact()) return false;
-  if (a.exact()) return a.nu() == b.nu() && a.de() == b.de();
-  const double x = a.fl();
-  const double y = b.fl();
-  return std::memcmp(&x, &y, sizeof x) == 0;
-}
 
 /// The same value in the same form, bit by bit.
 bool identical(const cotyp& a, const cotyp& b) { return same_part(a.re, b.re) && same_part(a.im, b.im); }
