@@ -118,12 +118,31 @@ class TileRun {
     }
   }
 
+  /// Adds the pieces of the tile as wholes where the arithmetic does that; whether it does.
+  bool add_pieces([[maybe_unused]] std::int64_t begin, [[maybe_unused]] std::uint8_t* marks) {
+    if constexpr (requires { &Arithmetic::add_products; }) {
+      for (const Piece& piece : room_.pieces) {
+        const StepTerm& term = plan_.terms[piece.term];
+        const CellsOfPoints places(plan_.streams[term.stream].block(piece.block), piece.from,
+                                   term.shift - begin);
+        const auto values = sources_.values(term.stream, piece, room_.values);
+        Arithmetic::add_products(factors_[piece.term], values, places, piece.count, room_.cells.data());
+        if (marks == nullptr) continue;
+        for (std::size_t i = 0; i < piece.count; ++i) marks[places[i] / cells_of_line] = 1;
+      }
+      return true;
+    }
+    return false;
+  }
+
   void scatter(std::int64_t begin, std::int64_t end) {
     const auto cell_count = static_cast<std::size_t>(end - begin);
     room_.make_cells(cell_count);
     Sum* const cells = room_.cells.data();
-    for_each_product([=](std::int64_t key, const Sum& product)
-                         KOV_INLINE { Arithmetic::add(cells[key - begin], product); });
+    if (!add_pieces(begin, nullptr)) {
+      for_each_product([=](std::int64_t key, const Sum& product)
+                           KOV_INLINE { Arithmetic::add(cells[key - begin], product); });
+    }
     const std::size_t present = find_present(cells, cell_count, room_.found.data());
     writer_->append(begin, cells, std::span<const std::uint32_t>(room_.found.data(), present));
     std::fill_n(cells, cell_count, Sum{});
@@ -134,11 +153,13 @@ class TileRun {
     room_.make_cells(cell_count);
     Sum* const cells = room_.cells.data();
     std::uint8_t* const marks = room_.marks.data();
-    for_each_product([=](std::int64_t key, const Sum& product) KOV_INLINE {
-      const auto cell = static_cast<std::size_t>(key - begin);
-      Arithmetic::add(cells[cell], product);
-      marks[cell / cells_of_line] = 1;
-    });
+    if (!add_pieces(begin, marks)) {
+      for_each_product([=](std::int64_t key, const Sum& product) KOV_INLINE {
+        const auto cell = static_cast<std::size_t>(key - begin);
+        Arithmetic::add(cells[cell], product);
+        marks[cell / cells_of_line] = 1;
+      });
+    }
     const std::size_t lines = (cell_count / cells_of_line + 8) / 8 * 8;
     const std::size_t present = find_present_in_lines(cells, marks, lines, room_.found.data());
     const std::span<const std::uint32_t> found(room_.found.data(), present);
