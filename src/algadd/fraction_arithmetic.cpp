@@ -70,6 +70,55 @@ bool add_exactly(FractionSum& a, const FractionSum& b) {
   return true;
 }
 
+template <class Condition>
+std::size_t count_sums(std::span<const FractionSum> sums, const Condition& condition) {
+  std::size_t count = 0;
+  run_loop([&]() KOV_INLINE {
+    std::size_t all = 0;
+    for (const FractionSum& sum : sums) all += condition(sum) ? 1 : 0;
+    count = all;
+  });
+  return count;
+}
+
+Column exact_column(std::span<const FractionSum> sums) {
+  std::array<Fraction32, block_capacity> parts;
+  run_loop([&]() KOV_INLINE {
+    for (std::size_t i = 0; i < sums.size(); ++i) {
+      parts[i] = {static_cast<std::int32_t>(sums[i].number), static_cast<std::int32_t>(sums[i].divisor())};
+    }
+  });
+  return Column::exact(std::span(parts.data(), sums.size()));
+}
+
+Column real_column(std::span<const FractionSum> sums) {
+  const std::size_t exact = count_sums(sums, [](const FractionSum& sum) KOV_INLINE { return sum.exact(); });
+  if (exact == sums.size()) return exact_column(sums);
+  if (exact == 0) {
+    std::array<double, block_capacity> parts;
+    std::transform(sums.begin(), sums.end(), parts.begin(),
+                   [](const FractionSum& sum) { return sum.number; });
+    return finished_column(std::span<const double>(parts.data(), sums.size()));
+  }
+  std::array<ratyp, block_capacity> parts;
+  std::transform(sums.begin(), sums.end(), parts.begin(), [](const FractionSum& sum) {
+    return sum.exact() ? ratyp::reduced(sum.numerator(), sum.denominator()) : ratyp::floating(sum.number);
+  });
+  return finished_column(std::span<const ratyp>(parts.data(), sums.size()));
+}
+
+Column imaginary_column(std::span<const FractionSum> sums) {
+  const std::size_t exact =
+      count_sums(sums, [](const FractionSum& sum) KOV_INLINE { return sum.exact_imaginary(); });
+  if (exact == sums.size()) return Column::zero(sums.size());
+  if (exact == 0) return Column::floating_zero(sums.size());
+  std::array<ratyp, block_capacity> parts;
+  std::transform(sums.begin(), sums.end(), parts.begin(), [](const FractionSum& sum) {
+    return sum.exact_imaginary() ? ratyp() : ratyp::floating(0.0);
+  });
+  return finished_column(std::span<const ratyp>(parts.data(), sums.size()));
+}
+
 }  // namespace
 
 FractionSum fraction_sum(const cotyp& q) {
@@ -99,15 +148,7 @@ void FractionArithmetic::add(Sum& sum, const Sum& product) {
 }
 
 std::pair<Column, Column> FractionArithmetic::columns(std::span<const Sum> sums) {
-  std::array<ratyp, block_capacity> parts;
-  const std::span<const ratyp> used(parts.data(), sums.size());
-  std::transform(sums.begin(), sums.end(), parts.begin(), [](const Sum& sum) {
-    return sum.exact() ? ratyp::reduced(sum.numerator(), sum.denominator()) : ratyp::floating(sum.number);
-  });
-  Column re = finished_column(used);
-  std::transform(sums.begin(), sums.end(), parts.begin(),
-                 [](const Sum& sum) { return sum.exact_imaginary() ? ratyp() : ratyp::floating(0.0); });
-  return {std::move(re), finished_column(used)};
+  return {real_column(sums), imaginary_column(sums)};
 }
 
 }  // namespace kov

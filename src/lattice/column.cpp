@@ -4,10 +4,10 @@
 #include <bit>
 #include <cstring>
 #include <numeric>
-#include <optional>
 #include <type_traits>
 #include <utility>
 
+#include "lattice/common_denominator.h"
 #include "lattice/copied_variant.h"
 #include "lattice/spare_memory.h"
 #include "numbers/checked_integer.h"
@@ -17,21 +17,6 @@ namespace {
 
 constexpr bool in_exact_range(std::int64_t value) noexcept {
   return nu_min_int <= value && value <= nu_max_int;
-}
-
-/// The denominator over which every part is an integer within the exact range; where all are integers
-/// already, 1 and any integer. Nothing when there is none.
-std::optional<std::int32_t> common_denominator(std::span<const ratyp> parts) noexcept {
-  std::int64_t common = 1;
-  for (const ratyp& part : parts) {
-    if (common % part.de() == 0) continue;
-    common = std::lcm(common, std::int64_t{part.de()});
-    if (common > nu_max_int) return std::nullopt;
-  }
-  if (common == 1) return 1;
-  const auto fits = [common](const ratyp& part) { return in_exact_range(part.nu() * (common / part.de())); };
-  if (!std::all_of(parts.begin(), parts.end(), fits)) return std::nullopt;
-  return static_cast<std::int32_t>(common);
 }
 
 template <class T>
@@ -111,19 +96,24 @@ Column Column::of(std::span<const ratyp> parts) {
 }
 
 Column Column::exact_of(std::span<const ratyp> parts) {
-  if (std::all_of(parts.begin(), parts.end(), is_exact_zero)) return zero(parts.size());
-  if (const auto denominator = common_denominator(parts)) {
-    std::vector<std::int32_t> numerators(parts.size());
-    std::transform(parts.begin(), parts.end(), numerators.begin(), [&](const ratyp& part) {
-      return *denominator == 1 ? part.nu() : part.nu() * (*denominator / part.de());
-    });
-    return integers(numerators, *denominator);
-  }
   std::vector<Fraction32> reduced(parts.size());
   std::transform(parts.begin(), parts.end(), reduced.begin(), [](const ratyp& part) {
     return Fraction32{part.nu(), part.de()};
   });
-  return fractions(reduced);
+  return exact(reduced);
+}
+
+Column Column::exact(std::span<const Fraction32> parts) {
+  if (std::all_of(parts.begin(), parts.end(), [](Fraction32 part) { return part.nu == 0; })) {
+    return zero(parts.size());
+  }
+  const auto denominator = common_denominator(parts);
+  if (!denominator) return fractions(parts);
+  std::vector<std::int32_t> numerators(parts.size());
+  std::transform(parts.begin(), parts.end(), numerators.begin(), [&](Fraction32 part) {
+    return *denominator == 1 ? part.nu : part.nu * (*denominator / part.de);
+  });
+  return integers(numerators, *denominator);
 }
 
 Column Column::mixed_of(std::span<const ratyp> parts) {

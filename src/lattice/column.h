@@ -33,6 +33,8 @@ class Column {
   /// lie within the exact range.
   static Column integers(std::span<const std::int32_t> numerators, std::int32_t denominator = 1);
   static Column fractions(std::span<const Fraction32> parts);
+  /// Reduced fractions in the smallest form that holds them all.
+  static Column exact(std::span<const Fraction32> parts);
   /// None is -0.0.
   static Column doubles(std::span<const double> parts);
   /// In the smallest form that holds them all.
