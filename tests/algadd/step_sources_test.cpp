@@ -71,8 +71,8 @@ TEST_F(StepSourcesTest, FractionsAreMadeReadyToo) {
   StepSources<FractionArithmetic>::Room room;
   for_each_quantity([&](std::size_t stream, const Piece& piece, std::size_t i, const cotyp& q) {
     const FractionSum& made = sources.values(stream, piece, room)[i];
-    EXPECT_EQ(made.number, q.re.nu());
-    EXPECT_EQ(made.denominator, q.re.de());
+    EXPECT_EQ(made.numerator(), q.re.nu());
+    EXPECT_EQ(made.denominator(), q.re.de());
   });
 }
 
