@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <limits>
 
+#include "algadd/counted_arithmetic.h"
 #include "algadd/fraction_sum.h"
 #include "numbers/batch_gcd.h"
 #include "numbers/checked_integer.h"
@@ -98,38 +99,51 @@ KOV_INLINE inline void reduce_across(const FractionSum& p, FractionRoom& room, s
   }
 }
 
+/// 1 while a real part is exact, else 0.
+KOV_INLINE inline unsigned exact_real(double form) { return static_cast<unsigned>(std::abs(form) >= 1.0); }
+/// 1 while both parts are exact, else 0.
+KOV_INLINE inline unsigned exact_parts(double form) { return static_cast<unsigned>(form >= 1.0); }
+
+/// 1 when numbers of the exact range have given a fraction that is in the range too, else 0.
+KOV_INLINE inline unsigned in_range(double number, double divisor) {
+  return within_exact_range(number) & not_above_exact_range(divisor);
+}
+
 /// Both parts of a product are floating as soon as one of the four parts that it is made of is. The real part
 /// is then still the exact product of two exact real parts, taken as a double.
-KOV_INLINE inline FractionSum floating_product(const FractionSum& p, const FractionSum& q, double number,
-                                               double divisor, bool exact) {
-  const bool all_exact = (p.form >= 1.0) & (q.form >= 1.0);
-  const double value = (exact ? number / divisor : p.value() * q.value()) + 0.0;
-  const double form = all_exact ? FractionSum::floating_form : -FractionSum::floating_form;
-  return {all_exact & exact ? number : value, all_exact & exact ? divisor : form};
+KOV_INLINE inline void make_floating(const FractionSum& p, FractionRoom& room, std::size_t count) {
+  const double value = p.value();
+  // Divisions stand in loops of their own: by conditions compilers skip them, and then take no vectors.
+  for (std::size_t i = 0; i < count; ++i) {
+    room.a_number[i] = room.product.number[i] / room.product.form[i] + 0.0;
+    room.b_number[i] = value * room.source[i].value() + 0.0;
+  }
+  const unsigned exact_factor = exact_parts(p.form);
+  for (std::size_t i = 0; i < count; ++i) {
+    const double number = room.product.number[i];
+    const double divisor = room.product.form[i];
+    const unsigned exact = exact_real(room.source.form[i]) & in_range(number, divisor);
+    const unsigned from_exact = exact_factor & exact_parts(room.source.form[i]);
+    const double floating = exact != 0 ? room.a_number[i] : room.b_number[i];
+    const double form = from_exact != 0 ? FractionSum::floating_form : -FractionSum::floating_form;
+    room.product.number[i] = (exact & from_exact) != 0 ? number : floating;
+    room.product.form[i] = (exact & from_exact) != 0 ? divisor : form;
+  }
 }
 
 /// The products of p, whose number is not 0, with each of the sources.
 KOV_INLINE inline void multiply(const FractionSum& p, FractionRoom& room, std::size_t count) {
   if (!p.exact()) return multiply_floating(p.number, room, count);
   reduce_across(p, room, count);
-  const FractionLanes& q = room.source;
-  FractionLanes& product = room.product;
-  std::uint64_t floating = 0;
+  unsigned all_exact = exact_parts(p.form);
   for (std::size_t i = 0; i < count; ++i) {
     const double number = room.a_number[i] * room.b_number[i];
     const double divisor = room.a_divisor[i] * room.b_divisor[i];
-    const bool exact = (q.form[i] >= 1.0) & in_exact_range(number) & (divisor <= double{nu_max_int});
-    floating |= exact ? 0U : 1U;
-    product.number[i] = number;
-    product.form[i] = divisor;
+    all_exact &= exact_parts(room.source.form[i]) & in_range(number, divisor);
+    room.product.number[i] = number;
+    room.product.form[i] = divisor;
   }
-  if (floating == 0 && p.both_exact()) return;
-  for (std::size_t i = 0; i < count; ++i) {
-    const double number = product.number[i];
-    const double divisor = product.form[i];
-    const bool exact = q[i].exact() & in_exact_range(number) & (divisor <= double{nu_max_int});
-    product.set(i, floating_product(p, q[i], number, divisor, exact));
-  }
+  if (all_exact == 0) make_floating(p, room, count);
 }
 
 /// Takes the common divisors out of the denominators of the sums, as a, and of the products, as b; floating
@@ -147,21 +161,26 @@ KOV_INLINE inline bool reduce_denominators(FractionRoom& room, std::size_t count
   return true;
 }
 
+/// The sums that stay exact, as a and the denominators that they have before they are reduced by the divisor;
+/// an infinite denominator for the others.
+KOV_INLINE inline void add_exactly(FractionRoom& room, std::size_t count) {
+  constexpr double beyond_range = std::numeric_limits<double>::infinity();
+  for (std::size_t i = 0; i < count; ++i) {
+    const double sum_term = room.sum.number[i] * room.b_divisor[i];
+    const double product_term = room.product.number[i] * room.a_divisor[i];
+    const double number = sum_term + product_term;
+    const unsigned exact = exact_parts(room.sum.form[i]) & exact_parts(room.product.form[i]) &
+                           within_exact_range(sum_term) & within_exact_range(product_term) &
+                           within_exact_range(number);
+    room.a_number[i] = exact != 0 ? number : 0.0;
+    room.b_number[i] = exact != 0 ? std::max(room.product.form[i], 1.0) : beyond_range;
+  }
+}
+
 /// Adds the products to the sums. No number of either has an exact real part with a floating imaginary one.
 KOV_INLINE inline void add(FractionRoom& room, std::size_t count) {
-  constexpr double beyond_range = std::numeric_limits<double>::infinity();
-  const FractionLanes& product = room.product;
-  FractionLanes& sum = room.sum;
   const bool common = reduce_denominators(room, count);
-  for (std::size_t i = 0; i < count; ++i) {
-    const double sum_term = sum.number[i] * room.b_divisor[i];
-    const double product_term = product.number[i] * room.a_divisor[i];
-    const double number = sum_term + product_term;
-    const bool exact = (sum.form[i] >= 1.0) & (product.form[i] >= 1.0) & in_exact_range(sum_term) &
-                       in_exact_range(product_term) & in_exact_range(number);
-    room.a_number[i] = exact ? number : 0.0;
-    room.b_number[i] = exact ? std::max(product.form[i], 1.0) : beyond_range;
-  }
+  add_exactly(room, count);
   // Only a divisor of both denominators can still divide the numerator.
   if (common) {
     for (std::size_t i = 0; i < count; ++i) {
@@ -169,22 +188,26 @@ KOV_INLINE inline void add(FractionRoom& room, std::size_t count) {
     }
     if (find_divisors(room, count)) divide(room, &FractionRoom::a_number, &FractionRoom::b_number, count);
   }
-  std::uint64_t floating = 0;
+  unsigned all_exact = 1;
   for (std::size_t i = 0; i < count; ++i) {
     room.a_divisor[i] *= room.b_number[i];
-    floating |= room.a_divisor[i] <= double{nu_max_int} ? 0U : 1U;
+    all_exact &= not_above_exact_range(room.a_divisor[i]);
   }
-  if (floating == 0) {
-    for (std::size_t i = 0; i < count; ++i) sum.set(i, {room.a_number[i], room.a_divisor[i]});
+  if (all_exact != 0) {
+    for (std::size_t i = 0; i < count; ++i) room.sum.set(i, {room.a_number[i], room.a_divisor[i]});
     return;
   }
   for (std::size_t i = 0; i < count; ++i) {
+    room.b_number[i] = room.sum[i].value() + room.product[i].value() + 0.0;
+  }
+  for (std::size_t i = 0; i < count; ++i) {
     const bool exact = room.a_divisor[i] <= double{nu_max_int};
-    const double value = sum[i].value() + product[i].value() + 0.0;
-    const double form = (sum.form[i] > 0.0) & (product.form[i] > 0.0) ? FractionSum::floating_form
-                                                                      : -FractionSum::floating_form;
-    const double number = exact ? room.a_number[i] : value;
-    sum.set(i, {number, number == 0.0 ? 1.0 : (exact ? room.a_divisor[i] : form)});
+    const double imaginary = std::min(room.sum.form[i], room.product.form[i]);
+    const double form = imaginary > 0.0 ? FractionSum::floating_form : -FractionSum::floating_form;
+    const double number = exact ? room.a_number[i] : room.b_number[i];
+    room.sum.number[i] = number;
+    // What comes back to zero begins afresh.
+    room.sum.form[i] = number == 0.0 ? 1.0 : (exact ? room.a_divisor[i] : form);
   }
 }
 

@@ -1,10 +1,8 @@
 #pragma once
 
-#include <algorithm>
 #include <cmath>
 #include <cstdint>
 
-#include "numbers/checked_integer.h"
 #include "numbers/cotyp.h"
 #include "numbers/vector_dispatch.h"
 
@@ -25,8 +23,12 @@ struct FractionSum {
   KOV_INLINE bool exact() const { return std::abs(form) >= 1.0; }
   KOV_INLINE bool exact_imaginary() const { return form > 0.0; }
   KOV_INLINE bool both_exact() const { return form >= 1.0; }
-  /// What the number is to be divided by: 1 when it is floating.
-  KOV_INLINE double divisor() const { return std::max(std::abs(form), 1.0); }
+  /// What the number is to be divided by: 1 when it is floating. As a sum, since compilers that see a 1 skip
+  /// the division by a branch, which no vector can take.
+  KOV_INLINE double divisor() const {
+    const double magnitude = std::abs(form);
+    return magnitude + (magnitude < 1.0 ? 1.0 - floating_form : 0.0);
+  }
   KOV_INLINE double value() const { return number / divisor(); }
   /// While exact().
   std::int32_t numerator() const { return static_cast<std::int32_t>(number); }
@@ -36,10 +38,5 @@ struct FractionSum {
 KOV_INLINE inline bool is_absent(const FractionSum& sum) { return sum.number == 0.0; }
 
 FractionSum fraction_sum(const cotyp& q);
-
-/// Whether ratyp keeps an integer, or a product of two of them that has been rounded to a double.
-KOV_INLINE inline bool in_exact_range(double x) {
-  return (x >= double{nu_min_int}) & (x <= double{nu_max_int});
-}
 
 }  // namespace kov
