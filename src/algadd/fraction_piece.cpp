@@ -67,7 +67,8 @@ KOV_INLINE inline void add_chunk(const FractionSum& p, const Chunk& chunk, Fract
 void add_fractions(const FractionSum& p, const FractionValues& values, const CellsOfPoints& places,
                    std::size_t count, FractionSum* cells) {
   std::size_t first = 0;
-  if (count >= least_lanes && p.number != 0.0) {
+  // Without vectors that shift each number by its own count, one by one is faster.
+  if (vector_unit() != VectorUnit::baseline && p.number != 0.0) {
     run_loop([&]() KOV_INLINE {
       FractionRoom room;
       for (; first + least_lanes <= count; first += std::min(count - first, FractionLanes::capacity)) {

@@ -14,11 +14,11 @@ namespace kov {
 // Greatest common divisors of many pairs at once, in loops that run_loop compiles for vectors: where the
 // algorithm for one pair waits for its own last step, many pairs take a step together.
 
-/// How often 2 divides x; of 0 some number below 32. It is the exponent of the lowest bit as a float: all
+/// How often 2 divides x, which is not 0 and below 2^31. It is the exponent of the lowest bit as a float: all
 /// vector units can convert, few can count zeros.
 KOV_INLINE inline std::uint32_t twos_of(std::uint32_t x) {
   const auto lowest = static_cast<float>(static_cast<std::int32_t>(x & (0U - x)));
-  return ((std::bit_cast<std::uint32_t>(lowest) >> 23U) - 127U) & 31U;
+  return (std::bit_cast<std::uint32_t>(lowest) >> 23U) - 127U;
 }
 
 /// The least |a - q b| for an integer q, exact: it has with b the divisors that a has. For integers 0 <= a <
@@ -35,7 +35,7 @@ struct GcdBatch {
   static constexpr std::size_t capacity = 128;
   /// Not 0. Their divisors afterwards.
   alignas(64) std::array<std::uint32_t, capacity> x;
-  /// May be 0, and is afterwards.
+  /// May be 0.
   alignas(64) std::array<std::uint32_t, capacity> y;
   alignas(64) std::array<std::uint32_t, capacity> twos;
 
@@ -52,8 +52,8 @@ struct GcdBatch {
 /// The binary algorithm (J. Stein, Computational problems associated with Racah algebra, Journal of
 /// Computational Physics 1 (1967) 397-405; D. E. Knuth, The Art of Computer Programming 2, section 4.5.2,
 /// algorithm B): odd numbers are subtracted, and the difference, which is even, loses its twos. All pairs
-/// take their steps together until the slowest is done, after as many as its numbers have bits at most. A
-/// remainder should stand in y where numbers may be of unlike size.
+/// take their steps together until the slowest is done, after as many as its numbers have bits together at
+/// most. A remainder should stand in y where numbers may be of unlike size.
 KOV_INLINE inline void batch_gcd(GcdBatch& batch, std::size_t count) {
   std::uint32_t left = 0;
   for (std::size_t i = 0; i < count; ++i) left |= batch.y[i];
@@ -61,17 +61,18 @@ KOV_INLINE inline void batch_gcd(GcdBatch& batch, std::size_t count) {
   for (std::size_t i = 0; i < count; ++i) {
     batch.twos[i] = twos_of(batch.x[i] | batch.y[i]);
     batch.x[i] >>= twos_of(batch.x[i]);
+    batch.y[i] = batch.y[i] != 0 ? batch.y[i] : batch.x[i];
   }
   while (left != 0) {
     left = 0;
     for (std::size_t i = 0; i < count; ++i) {
       const std::uint32_t x = batch.x[i];
       const std::uint32_t y = batch.y[i] >> twos_of(batch.y[i]);
-      // Where y is 0 this one counts as larger than x, and what is left stays 0.
-      const std::uint32_t smaller = std::min(x - 1U, y - 1U) + 1U;
-      const std::uint32_t difference = (std::max(x, y) - smaller) & (0U - static_cast<std::uint32_t>(y != 0));
+      const std::uint32_t smaller = std::min(x, y);
+      const std::uint32_t difference = std::max(x, y) - smaller;
       batch.x[i] = smaller;
-      batch.y[i] = difference;
+      // Two that have become one stay so.
+      batch.y[i] = difference != 0 ? difference : smaller;
       left |= difference;
     }
   }
