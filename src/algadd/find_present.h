@@ -9,6 +9,7 @@
 #include <immintrin.h>
 #endif
 
+#include "algadd/fraction_sum.h"
 #include "algadd/linear_arithmetic.h"
 #include "numbers/vector_dispatch.h"
 
@@ -54,6 +55,21 @@ KOV_INLINE inline void for_each_mark(std::uint8_t* marks, std::size_t count, con
 #if defined(__x86_64__)
 
 // The mask of the cells that hold a point among the next 16.
+
+// The first of the two doubles of a cell tells.
+__attribute__((target("avx512f,avx512vl,avx512dq,avx512bw"))) inline __mmask16 present_of_16(
+    const FractionSum* cells) {
+  const __m512d zero = _mm512_setzero_pd();
+  const __m512i first_doubles = _mm512_set_epi64(14, 12, 10, 8, 6, 4, 2, 0);
+  unsigned mask = 0;
+  for (std::size_t half = 0; half < 2; ++half) {
+    const __m512d low = _mm512_loadu_pd(cells + 8 * half);
+    const __m512d high = _mm512_loadu_pd(cells + 8 * half + 4);
+    const __m512d numbers = _mm512_permutex2var_pd(low, first_doubles, high);
+    mask |= static_cast<unsigned>(_mm512_cmp_pd_mask(numbers, zero, _CMP_NEQ_UQ)) << (8 * half);
+  }
+  return static_cast<__mmask16>(mask);
+}
 
 __attribute__((target("avx512f,avx512vl,avx512dq,avx512bw"))) inline __mmask16 present_of_16(
     const RealSum<std::int32_t>* cells) {
