@@ -18,11 +18,8 @@ std::uint32_t divisor_of(std::int64_t a, std::int64_t b) {
   return gcd(static_cast<std::int32_t>(a), static_cast<std::int32_t>(b));
 }
 
-// Of both parts' states, as FractionSum keeps them.
-double form_of(double divisor, bool exact_imaginary) { return exact_imaginary ? divisor : -divisor; }
-
 FractionSum floating_sum(double value, bool exact_imaginary) {
-  return {value + 0.0, form_of(FractionSum::floating_form, exact_imaginary)};
+  return {value + 0.0, exact_imaginary ? FractionSum::floating_form : -FractionSum::floating_form};
 }
 
 // The fraction, or nothing where ratyp would go over to floating: out is then as it was.
@@ -120,12 +117,6 @@ Column imaginary_column(std::span<const FractionSum> sums) {
 }
 
 }  // namespace
-
-FractionSum fraction_sum(const cotyp& q) {
-  const bool exact_imaginary = q.im.exact();
-  if (!q.re.exact()) return floating_sum(q.re.fl(), exact_imaginary);
-  return {static_cast<double>(q.re.nu()), form_of(static_cast<double>(q.re.de()), exact_imaginary)};
-}
 
 // Both parts of a product are floating as soon as one of the four parts that it is made of is. The real part
 // is then still the exact product of two exact real parts, taken as a double.

@@ -1,6 +1,11 @@
 #include "algadd/fraction_block.h"
 
+#include <algorithm>
+#include <cmath>
+#include <span>
+
 #include "numbers/batch_gcd.h"
+#include "numbers/vector_dispatch.h"
 
 namespace kov {
 

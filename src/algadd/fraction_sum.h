@@ -37,6 +37,8 @@ struct FractionSum {
 
 KOV_INLINE inline bool is_absent(const FractionSum& sum) { return sum.number == 0.0; }
 
+/// A quantity whose imaginary part is a zero. Its form may tell, as that of no sum does, that the real part
+/// is exact and the imaginary one floating.
 FractionSum fraction_sum(const cotyp& q);
 
 }  // namespace kov

@@ -61,7 +61,9 @@ requires requires { typename Arithmetic::Prepared; }
 class ReadBlock<Arithmetic> {
  public:
   ReadBlock(const Arithmetic&, Block block)
-      : block_(std::move(block)), prepared_(Arithmetic::prepare(block_)), values_(Arithmetic::values(prepared_, 0)) {}
+      : block_(std::move(block)),
+        prepared_(Arithmetic::prepare(block_)),
+        values_(Arithmetic::values(prepared_, 0)) {}
   ReadBlock(const ReadBlock&) = delete;
   ReadBlock& operator=(const ReadBlock&) = delete;
   const auto& values() const { return values_; }

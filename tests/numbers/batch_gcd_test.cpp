@@ -38,7 +38,8 @@ TEST(BatchGcd, SmallNumbersInAllPairs) {
 TEST(BatchGcd, NumbersAtTheEnds) {
   std::vector<std::uint32_t> numbers = {1, 2, 3, largest, largest - 1, largest - 2, 46341, 46340, 715827882};
   for (unsigned bit = 2; bit < 31; ++bit) {
-    for (const std::uint32_t near : {-1, 0, 1}) numbers.push_back((std::uint32_t{1} << bit) + near);
+    const std::uint32_t power = std::uint32_t{1} << bit;
+    numbers.insert(numbers.end(), {power - 1, power, power + 1});
   }
   // The pair of Fibonacci numbers that takes Euclid's algorithm longest.
   numbers.insert(numbers.end(), {1836311903, 1134903170});
