@@ -11,6 +11,9 @@ namespace kov {
 inline constexpr std::int32_t nu_max_int = INT32_MAX - 1;
 inline constexpr std::int32_t nu_min_int = INT32_MIN + 1;
 
+/// Whether an exact result may have this value.
+constexpr bool in_exact_range(std::int64_t value) { return nu_min_int <= value && value <= nu_max_int; }
+
 /// Start-up check of the lower limit; throws program_error "nu_min_int<0 necessary" when it is not
 /// negative.
 void require_negative_minimum(std::int32_t minimum);

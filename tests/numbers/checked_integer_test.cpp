@@ -197,5 +197,13 @@ TEST(CheckedInteger, ExactDivision) {
   }
 }
 
+TEST(InExactRange, EndsOneShortOfTheMachineRange) {
+  for (const std::int64_t inside : {0L, 2147483646L, -2147483647L})
+    EXPECT_TRUE(in_exact_range(inside)) << inside;
+  for (const std::int64_t outside : {2147483647L, -2147483648L, INT64_MAX, INT64_MIN}) {
+    EXPECT_FALSE(in_exact_range(outside)) << outside;
+  }
+}
+
 }  // namespace
 }  // namespace kov
