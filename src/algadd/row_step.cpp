@@ -15,8 +15,8 @@ namespace {
 
 constexpr std::size_t points_per_breath = 1024;
 
-// Where keys do not pack: point by point, as the step is written.
-Lmap literal_step(const Algadd& algadd, int table, int used_length, const Lmap& store, std::int32_t n,
+// Where keys do not pack: point by point.
+Lmap general_step(const Algadd& algadd, int table, int used_length, const Lmap& store, std::int32_t n,
                   Progress& progress) {
   Lmap destinations;
   std::size_t points = 0;
@@ -34,7 +34,7 @@ Lmap RowStep::destinations(const Algadd& algadd, int table, int used_length, con
   std::vector<const Row*> sources;
   for (const Row& row : store.rows(n, highest_int)) sources.push_back(&row);
   const auto plans = plan_step(algadd, table, used_length, sources);
-  if (!plans) return literal_step(algadd, table, used_length, store, n, progress);
+  if (!plans) return general_step(algadd, table, used_length, store, n, progress);
   Lmap destinations;
   for (const StepPlan& plan : *plans) {
     Row row = planned_row(plan, workers_, progress, size_);

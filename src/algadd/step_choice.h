@@ -10,7 +10,7 @@
 
 namespace kov {
 
-/// The ways in which a step computes. Each gives the bits of the literal reading, under a condition that
+/// The ways in which a step computes. Each gives the bits of AddLpairToLmap_1, under a condition that
 /// choose_arithmetic proves before the step. They have in common:
 ///
 ///   Sum        what gathers in one destination; a new one is an absent point
@@ -25,8 +25,8 @@ using StepArithmetic =
                  RealArithmetic<DoubleNumbers>, ComplexArithmetic<DoubleNumbers>, CountedRealArithmetic,
                  CountedComplexArithmetic, FractionArithmetic, QuantityArithmetic>;
 
-/// The fastest arithmetic that certainly gives the bits of the literal reading for all factors and quantities
-/// of the plan. Looks at every block, and at the points of those alone whose parts are of both states.
+/// The fastest arithmetic that certainly gives the bits of AddLpairToLmap_1 for all factors and quantities of
+/// the plan. Looks at every block, and at the points of those alone whose parts are of both states.
 StepArithmetic choose_arithmetic(const StepPlan& plan);
 
 }  // namespace kov

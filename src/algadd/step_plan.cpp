@@ -116,7 +116,7 @@ std::optional<StepPlan> plan_row(std::int32_t n, std::vector<ActiveEntry> entrie
   const std::optional<KeyFrame> frame = step_frame(keys, entries);
   if (!frame) return std::nullopt;
 
-  StepPlan plan{.n = n, .frame = *frame, .box = destinations, .streams = {}, .terms = {}};
+  StepPlan plan{.n = n, .frame = *frame, .streams = {}, .terms = {}};
   std::sort(entries.begin(), entries.end(), comes_before);
   StreamTable streams(plan);
   for (const ActiveEntry& active : entries) {

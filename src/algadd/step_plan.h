@@ -34,15 +34,13 @@ struct StepPlan {
   std::int32_t n = 0;
   /// Packs sources and destinations alike; at most most_step_key_bits.
   KeyFrame frame;
-  /// A box around all destinations.
-  KeyBox box;
   std::vector<SourceStream> streams;
   std::vector<StepTerm> terms;
 };
 
 /// The plans of a step from the given rows of one store, one for each row of destinations, in the order of n.
 /// Nothing when keys do not pack: when a row is wide, a coordinate might wrap, or most_step_key_bits do not
-/// hold all keys of a plan; the literal reading must then be taken.
+/// hold all keys of a plan; AddLpairToLmap_1 must then be called point by point.
 std::optional<std::vector<StepPlan>> plan_step(const Algadd& algadd, int table, int used_length,
                                                const std::vector<const Row*>& sources);
 

@@ -80,13 +80,6 @@ std::size_t Block::lower_bound(const Lk& key) const noexcept {
   return static_cast<std::size_t>(std::lower_bound(first, first + size(), key, LkOrder()) - first);
 }
 
-Block Block::picked(std::span<const std::uint32_t> indices) const {
-  Block block = *this;
-  block.keep(indices);
-  block.shrink();
-  return block;
-}
-
 void Block::make_room(const cotyp& q) {
   re_.make_fit(q.re);
   im_.make_fit(q.im);

@@ -64,9 +64,6 @@ class Block {
   const Column& im() const noexcept { return im_; }
   cotyp quantity(std::size_t i) const noexcept { return {re_.get(i), im_.get(i)}; }
 
-  /// The points at the ascending indices, one at least.
-  Block picked(std::span<const std::uint32_t> indices) const;
-
   // What throws, throws std::bad_alloc and leaves the block as it was.
 
   /// The key, which is not here, goes before the one at i or behind all. The block is not full.

@@ -15,10 +15,6 @@
 namespace kov {
 namespace {
 
-constexpr bool in_exact_range(std::int64_t value) noexcept {
-  return nu_min_int <= value && value <= nu_max_int;
-}
-
 template <class T>
 std::uint32_t largest_magnitude(std::span<const T> parts) noexcept {
   std::uint32_t largest = 0;
@@ -198,18 +194,6 @@ Column Column::picked(std::span<const std::uint32_t> indices) const {
   on_vector(parts_, [&]<class T>(const T& vector) {
     T& taken = column.parts_.emplace<T>(indices.size());
     for (std::size_t i = 0; i < indices.size(); ++i) taken[i] = vector[indices[i]];
-  });
-  column.largest_ = largest_;
-  return column;
-}
-
-Column Column::slice(std::size_t first, std::size_t count) const {
-  Column column = zero(count);
-  column.form_ = form_;
-  column.denominator_ = denominator_;
-  on_vector(parts_, [&]<class T>(const T& vector) {
-    const auto begin = vector.begin() + static_cast<std::ptrdiff_t>(first);
-    column.parts_.emplace<T>(begin, begin + static_cast<std::ptrdiff_t>(count));
   });
   column.largest_ = largest_;
   return column;

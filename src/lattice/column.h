@@ -68,8 +68,6 @@ class Column {
 
   /// The parts at the indices, in this form.
   Column picked(std::span<const std::uint32_t> indices) const;
-  /// The parts from first on, count of them, in this form.
-  Column slice(std::size_t first, std::size_t count) const;
 
   bool takes(const ratyp& part) const noexcept;
   /// Goes over to a form that takes the part as well, where this one does not.

@@ -60,8 +60,6 @@ class KeyFrame {
   KeyBox box_of(std::span<const std::uint64_t> keys, std::int32_t n) const noexcept;
 
   int total_bits() const noexcept { return total_bits_; }
-  int lattice_bits() const noexcept { return bits(l_position); }
-  std::int32_t lattice_low() const noexcept { return low(l_position); }
   std::int32_t low(std::size_t position) const noexcept { return low_.coo[position]; }
   int bits(std::size_t position) const noexcept {
     return position == 0 ? 0 : std::popcount(~outside_[position]);

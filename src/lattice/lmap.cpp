@@ -102,12 +102,6 @@ Lmap::Cursor Lmap::lower_bound(const Lk& key) const noexcept {
   return place == row->second.end() ? Cursor(std::next(row)) : Cursor(row, place);
 }
 
-Lmap::Cursor Lmap::upper_bound(const Lk& key) const noexcept {
-  Cursor cursor = lower_bound(key);
-  if (cursor != end() && cursor.key() == key) ++cursor;
-  return cursor;
-}
-
 std::size_t Lmap::count_before(Cursor at) const noexcept {
   std::size_t count = 0;
   for (auto row = rows_.begin(); row != at.row_; ++row) count += row->second.count();

@@ -140,8 +140,6 @@ class Lmap {
   Cursor end() const noexcept { return Cursor(rows_.end()); }
   /// The first point whose key is not less than key.
   Cursor lower_bound(const Lk& key) const noexcept;
-  /// The first point whose key is greater than key.
-  Cursor upper_bound(const Lk& key) const noexcept;
   /// The first point of row n, or of the next row that there is.
   Cursor row_begin(std::int32_t n) const noexcept { return Cursor(rows_.lower_bound(n)); }
   /// The first point behind row n.
@@ -176,10 +174,6 @@ class Lmap {
   /// choose throws ends it, blocks before being done.
   template <class Choose>
   std::size_t keep_chosen(std::int32_t a, std::int32_t b, const Choose& choose);
-  /// In the rows a <= n <= b erases the points for which erased(key, quantity) is true, which is asked in key
-  /// order. Gives their number.
-  template <class Predicate>
-  std::size_t erase_if(std::int32_t a, std::int32_t b, const Predicate& erased);
 
   /// Takes over every point of other whose key is free here; the points here keep their quantities.
   /// other, which must be another store, is empty afterwards. Needs memory where rows meet, and only there;
@@ -231,18 +225,6 @@ std::size_t Lmap::keep_chosen(std::int32_t a, std::int32_t b, const Choose& choo
     at = drop_empty(at);
   }
   return before - count_;
-}
-
-template <class Predicate>
-std::size_t Lmap::erase_if(std::int32_t a, std::int32_t b, const Predicate& erased) {
-  return keep_chosen(a, b, [&erased](const Row& row, std::size_t block, BlockIndices& kept) {
-    std::size_t count = 0;
-    for (std::size_t i = 0; i < row.block(block).size(); ++i) {
-      if (!erased(row.key({block, i}), row.quantity({block, i})))
-        kept[count++] = static_cast<std::uint32_t>(i);
-    }
-    return count;
-  });
 }
 
 template <class Function>

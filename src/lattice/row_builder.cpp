@@ -41,11 +41,6 @@ void RowBuilder::append(std::uint64_t packed, const cotyp& q) {
   take(q);
 }
 
-void RowBuilder::append(Block&& block) {
-  const KeyBox box = row_.packed() ? packed_box_of(block, row_.frame(), row_.n()) : wide_box_of(block);
-  append(std::move(block), box);
-}
-
 void RowBuilder::append(Block&& block, const KeyBox& box) {
   flush();
   row_.append(std::move(block), box);

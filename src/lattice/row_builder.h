@@ -23,13 +23,9 @@ class RowBuilder {
   void append(const Lk& key, const cotyp& q);
   /// By the frame.
   void append(std::uint64_t packed, const cotyp& q);
-  /// Points by the frame, or of a wide row; in their own block.
-  void append(Block&& block);
-  /// The same where the bounds of its keys are known.
+  /// Points by the frame, or of a wide row; in their own block. The box holds the bounds of their keys.
   void append(Block&& block, const KeyBox& box);
 
-  /// The number of points so far.
-  std::size_t count() const noexcept { return row_.count() + re_.size(); }
   /// The builder is not to be used any more.
   Row finish();
 

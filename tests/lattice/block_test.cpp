@@ -125,12 +125,11 @@ TEST(Block, RandomEditsKeepKeysAndQuantities) {
   }
 }
 
-TEST(Block, SplitPickedAndKeepDivideThePoints) {
+TEST(Block, SplitAndKeepDivideThePoints) {
   const PackedPoints points{{3, 1}, {5, cotyp(1, 2, 0, 1)}, {8, 3}, {9, cotyp::floating(1, 0.5)}};
   Block block = block_of(points);
   const std::vector<std::uint32_t> indices{1, 3};
   const PackedPoints some{{5, points.at(5)}, {9, points.at(9)}};
-  expect_points(block.picked(indices), some, "picked");
   const Block upper = block.split(1);
   expect_points(block, {{3, 1}}, "lower");
   expect_points(upper, {{5, points.at(5)}, {8, 3}, {9, points.at(9)}}, "upper");

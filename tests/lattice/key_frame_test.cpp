@@ -37,8 +37,8 @@ TEST(KeyFrame, GivesEveryPositionTheBitsOfItsSide) {
   EXPECT_EQ(frame->bits(3), 4);
   EXPECT_EQ(frame->total_bits(), 7);
   EXPECT_EQ(frame->low(1), -3);
-  EXPECT_EQ(frame->lattice_bits(), 0);
-  EXPECT_EQ(frame->lattice_low(), 7);
+  EXPECT_EQ(frame->bits(l_position), 0);
+  EXPECT_EQ(frame->low(l_position), 7);
   EXPECT_EQ(frame->shift_of(1), 4);
 }
 
@@ -46,7 +46,7 @@ TEST(KeyFrame, TheLatticeIndexIsLowest) {
   KeyBox box{Lk::at(0, 5), Lk::at(3, 5, 1)};
   const auto frame = KeyFrame::for_box(box);
   ASSERT_TRUE(frame);
-  EXPECT_EQ(frame->lattice_bits(), 2);
+  EXPECT_EQ(frame->bits(l_position), 2);
   EXPECT_EQ(frame->pack(Lk::at(1, 5, 1)), 5U);
   EXPECT_EQ(frame->shift(Lk::at(1, 1)), 1U);
   EXPECT_EQ(frame->coordinate(5, 31), 1);

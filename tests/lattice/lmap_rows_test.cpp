@@ -3,6 +3,7 @@
 #include <string>
 #include <utility>
 
+#include "keep_points.h"
 #include "lattice/lmap.h"
 #include "support/points_text.h"
 #include "text/integers.h"
@@ -76,13 +77,13 @@ TEST(LmapRows, CountsThePointsBeforeACursor) {
   EXPECT_EQ(lmap.count_before(lmap.end()), 15'000U);
 }
 
-TEST(LmapRows, ErasesWhatIsChosenOfTheGivenRows) {
+TEST(LmapRows, KeepsWhatIsChosenOfTheGivenRows) {
   Lmap lmap;
   for (std::int32_t n = 0; n < 4; ++n) {
     for (std::int32_t k = 0; k < 6000; ++k) lmap.set(Lk::at(0, n, k), k + 1);
   }
-  const auto odd = [](const Lk& key, const cotyp& q) { return key.n() == 2 || q.re.nu() % 2 == 1; };
-  EXPECT_EQ(lmap.erase_if(1, 2, odd), 9000U);
+  const auto even = [](const Lk& key, const cotyp& q) { return key.n() != 2 && q.re.nu() % 2 == 0; };
+  EXPECT_EQ(keep_points(lmap, 1, 2, even), 9000U);
   EXPECT_EQ(lmap.count(), 15'000U);
   EXPECT_EQ(lmap.row(2), nullptr);
   EXPECT_EQ(lmap.count_in_rows(1, 1), 3000U);

@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "keep_points.h"
 #include "support/failing_allocation.h"
 #include "support/points_text.h"
 #include "text/integers.h"
@@ -271,7 +272,7 @@ const OperationCase without_memory[] = {
     {"overwrite",  [](Lmap& lmap) { lmap.set(Lk::at(0, 2), 7); }},
     {"erase",      [](Lmap& lmap) { lmap.erase(Lk::at(0, 2)); }},
     {"erase rows", [](Lmap& lmap) { lmap.erase_rows(1, 2); }},
-    {"erase some", [](Lmap& lmap) { lmap.erase_if(1, 3, [](const Lk& key, const cotyp&) { return key.n() == 2; }); }},
+    {"keep some",  [](Lmap& lmap) { keep_points(lmap, 1, 3, [](const Lk& key, const cotyp&) { return key.n() != 2; }); }},
     {"shift",      [](Lmap& lmap) { lmap.shift_steps(5); }},
     {"extract and merge", [](Lmap& lmap) {
       Lmap rows = lmap.extract_rows(2, 3);
