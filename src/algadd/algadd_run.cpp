@@ -50,13 +50,13 @@ std::optional<std::string> run_recorded(Algadd& algadd, StepLoop& loop, const Ru
 }  // namespace
 
 bool perform_algadd(Algadd& algadd, Lmap& lmap, const cphclass& cph, std::span<const KeyBox> keep,
-                    const RunRequest& request, User user, const RunClock& clock) {
+                    const RunRequest& request, User user, const RunClock& clock, const RunThreads& threads) {
   if (lmap.empty()) return false;
   const std::optional<std::int32_t> steps = step_count(request, lmap.nlast(), cph, user.questions);
   if (!steps || *steps == 0) return false;
 
   apply_zero_entry_rule(algadd, request.table, cph);
-  StepLoop loop(algadd, lmap, cph, keep, request, *steps, user);
+  StepLoop loop(algadd, lmap, cph, keep, request, *steps, threads, user);
   if (const auto failure = run_recorded(algadd, loop, clock)) user.messages.error(*failure);
   return true;
 }

@@ -7,6 +7,8 @@
 #include <string>
 
 #include "algadd/algadd.h"
+#include "algadd/planned_row.h"
+#include "algadd/worker_pool.h"
 #include "config/cphclass.h"
 #include "interact/user.h"
 #include "lattice/key_box.h"
@@ -31,6 +33,12 @@ struct RunRequest {
   std::int32_t steps = -1;
 };
 
+/// How the work of each step is shared. It does not show in the results.
+struct RunThreads {
+  int count = processor_threads();
+  PartSize part;
+};
+
 /// What a run measures its duration by: a clock that never goes back nor throws.
 struct RunClock {
   using Time = std::chrono::steady_clock::time_point;
@@ -47,6 +55,7 @@ struct RunClock {
 /// Duration and steps of a run are kept in algadd.last_run, whatever ended it and whatever escapes. Gives
 /// true when the run changed or may have changed the store.
 bool perform_algadd(Algadd& algadd, Lmap& lmap, const cphclass& cph, std::span<const KeyBox> keep,
-                    const RunRequest& request, User user, const RunClock& clock = {});
+                    const RunRequest& request, User user, const RunClock& clock = {},
+                    const RunThreads& threads = {});
 
 }  // namespace kov

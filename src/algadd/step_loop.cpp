@@ -46,7 +46,7 @@ std::string failure_beginning() {
 }  // namespace
 
 StepLoop::StepLoop(const Algadd& algadd, Lmap& lmap, const cphclass& cph, std::span<const KeyBox> keep,
-                   const RunRequest& request, std::int32_t steps, User user)
+                   const RunRequest& request, std::int32_t steps, const RunThreads& threads, User user)
     : algadd_(algadd),
       lmap_(lmap),
       cph_(cph),
@@ -55,7 +55,8 @@ StepLoop::StepLoop(const Algadd& algadd, Lmap& lmap, const cphclass& cph, std::s
       mode_(request.mode),
       user_(user),
       used_length_(algadd.used_length(request.table)),
-      workers_(processor_threads()),
+      workers_(threads.count),
+      part_size_(threads.part),
       barrier_(AbsorbingBarrier::read(cph)),
       limits_(RunLimits::read(cph)),
       nlast_(lmap.nlast()),
@@ -91,7 +92,8 @@ void StepLoop::step() {
 void StepLoop::build_row() {
   if (i_ > highest_int) return;
   const auto row = static_cast<std::int32_t>(i_);
-  destination_ = RowStep(workers_).destinations(algadd_, table_, used_length_, lmap_, row, user_.progress);
+  destination_ =
+      RowStep(workers_, part_size_).destinations(algadd_, table_, used_length_, lmap_, row, user_.progress);
   barrier_.apply(destination_, wrapping_add(row, 1));
 }
 

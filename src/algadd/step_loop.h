@@ -26,7 +26,7 @@ class StepLoop {
  public:
   /// All that is referred to must outlive the loop; the store must not be empty.
   StepLoop(const Algadd& algadd, Lmap& lmap, const cphclass& cph, std::span<const KeyBox> keep,
-           const RunRequest& request, std::int32_t steps, User user);
+           const RunRequest& request, std::int32_t steps, const RunThreads& threads, User user);
 
   /// Runs until the steps are done, Break, the memory limit or an error. An error deletes the row under
   /// construction and leaves its message in failure(). What escapes leaves whole rows, too: what the progress
@@ -61,6 +61,7 @@ class StepLoop {
 
   int used_length_;
   WorkerPool workers_;
+  PartSize part_size_;
   AbsorbingBarrier barrier_;
   RunLimits limits_;
   std::int32_t nlast_;

@@ -43,6 +43,10 @@ class RowStepAgainstLiteral : public ::testing::Test {
     }
   }
 
+  void expect_all_arithmetics() const {
+    for (std::size_t i = 0; i < plans_.size(); ++i) EXPECT_GT(plans_[i], 0) << "arithmetic " << i;
+  }
+
   std::size_t points_ = 0;
   int overflows_ = 0;
   /// Plans by the arithmetic that is chosen for them, and worlds whose keys do not pack.
@@ -72,7 +76,8 @@ TEST_F(RowStepAgainstLiteral, SmallWorldsEqualItInEveryBit) {
     SCOPED_TRACE(seed);
     // Parts of a few contributions each, so that the threads share rows as small as these.
     const std::size_t part = 1 + seed % 50;
-    ASSERT_NO_FATAL_FAILURE(compare(StepWorld(seed, 60), {.smallest = part, .largest = 10 * part}));
+    ASSERT_NO_FATAL_FAILURE(
+        compare(StepWorld(seed, {.most_points = 60}), {.smallest = part, .largest = 10 * part}));
   }
   EXPECT_GT(points_, 500000U);
   EXPECT_GT(overflows_, 20);
@@ -83,9 +88,41 @@ TEST_F(RowStepAgainstLiteral, SmallWorldsEqualItInEveryBit) {
 TEST_F(RowStepAgainstLiteral, LargeWorldsEqualItInEveryBit) {
   for (std::uint64_t seed = 1; seed <= 60; ++seed) {
     SCOPED_TRACE(seed);
-    ASSERT_NO_FATAL_FAILURE(compare(StepWorld(seed, 20000)));
+    ASSERT_NO_FATAL_FAILURE(compare(StepWorld(seed, {.most_points = 20000})));
   }
   EXPECT_GT(points_, 300000U);
+  expect_all_arithmetics();
+}
+
+TEST_F(RowStepAgainstLiteral, FullTablesEqualItInEveryBit) {
+  for (std::uint64_t seed = 1; seed <= 60; ++seed) {
+    SCOPED_TRACE(seed);
+    const StepWorldSize size{.most_points = 1000, .fewest_entries = 130, .most_entries = 256};
+    ASSERT_NO_FATAL_FAILURE(compare(StepWorld(seed, size), {.smallest = 1000, .largest = 10000}));
+  }
+  EXPECT_GT(points_, 300000U);
+  expect_all_arithmetics();
+}
+
+bool has_offset_of_n(const StepWorld& world, std::int32_t dn) {
+  for (int i = 0; i < world.used_length(); ++i) {
+    const AlgaddEntry& entry = world.algadd.entry(0, i);
+    if (!entry.empty() && entry.offset.n() == dn) return true;
+  }
+  return false;
+}
+
+TEST_F(RowStepAgainstLiteral, TwoLargeSourceRowsEqualItInEveryBit) {
+  int meetings = 0;
+  for (std::uint64_t seed = 1; seed <= 60; ++seed) {
+    SCOPED_TRACE(seed);
+    const StepWorld world(seed, {.most_points = 8000, .two_rows = true});
+    ASSERT_NO_FATAL_FAILURE(compare(world, {.smallest = 1000, .largest = 10000}));
+    meetings += has_offset_of_n(world, 1) && has_offset_of_n(world, 2) ? 1 : 0;
+  }
+  EXPECT_GT(meetings, 30) << "worlds in which both rows reach a third one";
+  EXPECT_GT(points_, 300000U);
+  expect_all_arithmetics();
 }
 
 /// A store with a row of so many points, and entries that move them; the row before it must not be read.

@@ -161,28 +161,48 @@ class RunAgainstLiteral : public RunFixture {
   }
 };
 
-TEST_F(RunAgainstLiteral, EqualsItInEveryBit) {
+/// What the runs of a test have reached.
+struct RunsMet {
   std::array<int, 4> modes{};
-  LiteralOutcome met;
+  LiteralOutcome outcome;
+  int barriers = 0;
+
+  void add(const LiteralRun& plan, const LiteralOutcome& reached) {
+    ++modes[static_cast<std::size_t>(plan.mode)];
+    barriers += plan.barrier.ldest1 != 0 ? 1 : 0;
+    outcome.steps += reached.steps;
+    outcome.deletions += reached.deletions;
+    outcome.out_of_memory_bound |= reached.out_of_memory_bound;
+    outcome.overflow |= reached.overflow;
+  }
+};
+
+TEST_F(RunAgainstLiteral, EqualsItInEveryBitWithAnyNumberOfThreads) {
+  RunsMet met;
   for (std::uint64_t seed = 1; seed <= 3000; ++seed) {
     SCOPED_TRACE(seed);
-    const LiteralRun plan = make_world(seed);
-    LiteralStore literal = literal_copy(lmap);
-    const LiteralOutcome expected = literal_run(algadd, literal, plan);
-    ASSERT_TRUE(run(plan.steps, plan.mode, plan.table));
-    ASSERT_TRUE(identical(lmap, literal));
-    ASSERT_EQ(outcome(), expected);
-
-    ++modes[static_cast<std::size_t>(plan.mode)];
-    met.steps += expected.steps;
-    met.deletions += expected.deletions;
-    met.out_of_memory_bound |= expected.out_of_memory_bound;
-    met.overflow |= expected.overflow;
+    // Parts of a few contributions each, so that the threads share rows as small as these.
+    const PartSize part{.smallest = 1 + seed % 10, .largest = 10 + seed % 10};
+    LiteralStore literal;
+    LiteralOutcome expected;
+    for (const int threads : {1, 2, 3, 7}) {
+      const LiteralRun plan = make_world(seed);
+      if (threads == 1) {
+        literal = literal_copy(lmap);
+        expected = literal_run(algadd, literal, plan);
+        met.add(plan, expected);
+      }
+      ASSERT_TRUE(run(plan.steps, plan.mode, plan.table, {}, {.count = threads, .part = part})) << threads;
+      ASSERT_TRUE(identical(lmap, literal)) << threads;
+      ASSERT_EQ(outcome(), expected) << threads;
+    }
   }
-  for (const int runs : modes) EXPECT_GT(runs, 500);
-  EXPECT_GT(met.steps, 5000);
-  EXPECT_GT(met.deletions, 500);
-  EXPECT_TRUE(met.out_of_memory_bound && met.overflow) << "the worlds must reach every ending";
+  for (const int runs : met.modes) EXPECT_GT(runs, 500);
+  EXPECT_GT(met.barriers, 500);
+  EXPECT_GT(met.outcome.steps, 5000);
+  EXPECT_GT(met.outcome.deletions, 500);
+  EXPECT_TRUE(met.outcome.out_of_memory_bound && met.outcome.overflow)
+      << "the worlds must reach every ending";
 }
 
 }  // namespace

@@ -60,9 +60,10 @@ void RunFixture::lift_limits() {
   }
 }
 
-bool RunFixture::run(std::int32_t steps, RunMode mode, int table, const RunClock& clock) {
+bool RunFixture::run(std::int32_t steps, RunMode mode, int table, const RunClock& clock,
+                     const RunThreads& threads) {
   const RunRequest request{.table = table, .mode = mode, .intro = {}, .steps = steps};
-  return perform_algadd(algadd, lmap, cph, keep, request, {scripted, scripted, progress}, clock);
+  return perform_algadd(algadd, lmap, cph, keep, request, {scripted, scripted, progress}, clock, threads);
 }
 
 }  // namespace kov

@@ -74,7 +74,8 @@ class RunFixture : public ::testing::Test {
   /// No headline, deletion or stop until a test sets a limit.
   void lift_limits();
 
-  bool run(std::int32_t steps, RunMode mode = RunMode::keep, int table = 0, const RunClock& clock = {});
+  bool run(std::int32_t steps, RunMode mode = RunMode::keep, int table = 0, const RunClock& clock = {},
+           const RunThreads& threads = {});
 
   std::vector<std::string> transcript;
   ScriptedUser scripted;

@@ -189,7 +189,7 @@ TEST_P(StepLoopMemory, ThatRunsOutLeavesWholeRows) {
   for (std::int64_t k = 1;; ++k) {
     lmap = before;
     const RunRequest request{.table = 0, .mode = rows.mode, .intro = {}, .steps = 2};
-    StepLoop loop(algadd, lmap, cph, keep, request, 2, {scripted, scripted, progress});
+    StepLoop loop(algadd, lmap, cph, keep, request, 2, {}, {scripted, scripted, progress});
     const FailingAllocation failing(k);
     bool escaped = false;
     try {

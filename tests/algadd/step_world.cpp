@@ -9,9 +9,9 @@
 
 namespace kov {
 
-StepWorld::StepWorld(std::uint64_t seed, std::int32_t most_points) : random_(seed) {
+StepWorld::StepWorld(std::uint64_t seed, const StepWorldSize& size) : random_(seed), size_(size) {
   choose();
-  fill_rows(most_points);
+  fill_rows();
   fill_table();
 }
 
@@ -31,7 +31,7 @@ void StepWorld::choose() {
   side_ = sides[static_cast<std::size_t>(integer(0, 4))];
   if (one_in(10)) side_ = 2000000000;
   reach_ = one_in(3) ? std::max(1, side_ / 3) : 1;
-  plain_steps_ = !one_in(5);
+  plain_steps_ = !one_in(5) && !size_.two_rows;
   quantities_ = static_cast<Numbers>(integer(0, static_cast<int>(Numbers::count) - 1));
   factors_ = one_in(2) ? Numbers::small_integers
                        : static_cast<Numbers>(integer(0, static_cast<int>(Numbers::count) - 1));
@@ -83,21 +83,21 @@ Lk StepWorld::key(std::int32_t row) {
   return key;
 }
 
-void StepWorld::fill_rows(std::int32_t most_points) {
+void StepWorld::fill_rows() {
   constexpr std::array rows = {0, 5, -7, highest_int - 1, highest_int, lowest_int};
-  n = one_in(8) ? rows[static_cast<std::size_t>(integer(0, 5))] : 0;
-  for (std::int32_t points = integer(1, most_points); points > 0; --points) {
+  n = one_in(8) ? rows[static_cast<std::size_t>(integer(0, size_.two_rows ? 2 : 5))] : 0;
+  for (std::int32_t points = integer(1, size_.most_points); points > 0; --points) {
     lmap.set(key(n), quantity(quantities_, complex_quantities_));
   }
   if (n != lowest_int) lmap.set(key(n - 1), 1);
   if (plain_steps_ || n == highest_int) return;
-  for (std::int32_t points = integer(0, 10); points > 0; --points) {
+  for (std::int32_t points = integer(0, size_.two_rows ? size_.most_points : 10); points > 0; --points) {
     lmap.set(key(n + 1), quantity(quantities_, complex_quantities_));
   }
 }
 
 AlgaddEntry StepWorld::entry() {
-  Lk offset = Lk::at(lattice(), plain_steps_ ? 1 : integer(-2, 3));
+  Lk offset = Lk::at(lattice(), plain_steps_ ? 1 : size_.two_rows ? integer(1, 2) : integer(-2, 3));
   for (int k = 0; k < varying_; ++k) {
     offset.coo[static_cast<std::size_t>(1 + k * spacing_)] = integer(-reach_, reach_);
   }
@@ -105,14 +105,19 @@ AlgaddEntry StepWorld::entry() {
 }
 
 void StepWorld::fill_table() {
-  const int count = integer(1, 8);
-  for (int i = 0; i < count; ++i) {
+  const int count = integer(size_.fewest_entries, size_.most_entries);
+  // Few entries leave places between them empty.
+  const bool many = size_.most_entries > Algadd_EntryCount / 2;
+  for (int i = 0; i < (many ? count / 2 : count); ++i) {
     const AlgaddEntry made = entry();
     algadd.set_entry(0, 2 * i, made);
-    if (!one_in(5)) continue;
-    AlgaddEntry cancelling = made;
-    cancelling.p = cotyp(0) - made.p;
-    algadd.set_entry(0, 2 * i + 1, cancelling);
+    if (one_in(5)) {
+      AlgaddEntry cancelling = made;
+      cancelling.p = cotyp(0) - made.p;
+      algadd.set_entry(0, 2 * i + 1, cancelling);
+    } else if (many) {
+      algadd.set_entry(0, 2 * i + 1, entry());
+    }
   }
 }
 

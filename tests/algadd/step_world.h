@@ -12,12 +12,21 @@
 
 namespace kov {
 
+/// How large a random world is.
+struct StepWorldSize {
+  /// In each large row.
+  std::int32_t most_points = 60;
+  std::int32_t fewest_entries = 1;
+  std::int32_t most_entries = 8;
+  /// The row behind the source row is large, too, and offsets of n by 1 and 2 bring both to one row.
+  bool two_rows = false;
+};
+
 /// A random store and table 0 for one step. Every seed chooses its own kind of world: how many lattices and
 /// varying coordinates, how densely they are filled, which numbers stand there, where in the range of keys.
 class StepWorld {
  public:
-  /// At most so many points in the source row.
-  StepWorld(std::uint64_t seed, std::int32_t most_points);
+  StepWorld(std::uint64_t seed, const StepWorldSize& size);
 
   Lmap lmap;
   Algadd algadd;
@@ -50,10 +59,11 @@ class StepWorld {
   std::int32_t lattice() { return first_lattice_ + integer(0, lattices_ - 1); }
   AlgaddEntry entry();
   void choose();
-  void fill_rows(std::int32_t most_points);
+  void fill_rows();
   void fill_table();
 
   std::mt19937_64 random_;
+  StepWorldSize size_;
   std::int32_t lattices_ = 1;
   std::int32_t first_lattice_ = 0;
   int varying_ = 0;
