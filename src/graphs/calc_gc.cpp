@@ -13,6 +13,7 @@
 #include "lattice/block_points.h"
 #include "lattice/row_range.h"
 #include "numbers/errors.h"
+#include "numbers/vector_dispatch.h"
 #include "sums/sum_progress.h"
 #include "text/integers.h"
 
@@ -154,21 +155,49 @@ struct ChunkValues {
   std::array<std::array<double, Chunk::most_points>, g1_cntAt> of;
 };
 
-void add_points(const G1Par& par, G1Range& sums, const PointsInside& points, const ChunkValues& values) {
-  std::array<double*, g1_quantity_count> at;
-  for (std::size_t quantity = 0; quantity < at.size(); ++quantity)
-    at[quantity] = sums.curve[quantity].at.data();
-  sums.count += static_cast<std::int64_t>(points.count);
-  for (std::size_t i = 0; i < points.count; ++i) {
-    const std::int32_t x = points.x[i];
-    const std::size_t place = points.place[i];
-    const std::size_t column = par.column_of(x);
-    for (std::size_t quantity = 0; quantity < g1_cntAt; ++quantity) {
-      at[quantity][column] += values.of[quantity][place];
+using Columns = std::array<std::int32_t, Chunk::most_points>;
+
+/// par.column_of() of each x. Distances have at most 33 bits, and are the same as doubles.
+void find_columns(const G1Par& par, const PointsInside& points, Columns& columns) {
+  run_loop([&, min = static_cast<double>(par.xmin), scale = par.pix_per_icoo]() KOV_INLINE {
+    for (std::size_t i = 0; i < points.count; ++i) {
+      columns[i] = static_cast<std::int32_t>((static_cast<double>(points.x[i]) - min) * scale);
     }
-    at[g1_cntAt][column] += 1;
-    std::optional<std::int32_t>& first = sums.first_x[column];
-    if (!first || x < *first) first = x;
+  });
+}
+
+/// Adds the points first ... end - 1, which all lie in one column.
+void add_to_column(G1Range& sums, std::size_t column, const PointsInside& points, const ChunkValues& values,
+                   std::size_t first, std::size_t end) {
+  std::array<double, g1_cntAt> sum;
+  for (std::size_t quantity = 0; quantity < sum.size(); ++quantity) {
+    sum[quantity] = sums.curve[quantity].at[column];
+  }
+  std::int32_t smallest_x = points.x[first];
+  for (std::size_t i = first; i < end; ++i) {
+    const std::size_t place = points.place[i];
+    for (std::size_t quantity = 0; quantity < sum.size(); ++quantity) {
+      sum[quantity] += values.of[quantity][place];
+    }
+    smallest_x = std::min(smallest_x, points.x[i]);
+  }
+  for (std::size_t quantity = 0; quantity < sum.size(); ++quantity) {
+    sums.curve[quantity].at[column] = sum[quantity];
+  }
+  sums.curve[g1_cntAt].at[column] += static_cast<double>(end - first);
+  std::optional<std::int32_t>& first_x = sums.first_x[column];
+  if (!first_x || smallest_x < *first_x) first_x = smallest_x;
+}
+
+void add_points(const G1Par& par, G1Range& sums, const PointsInside& points, const ChunkValues& values) {
+  Columns columns;
+  find_columns(par, points, columns);
+  sums.count += static_cast<std::int64_t>(points.count);
+  for (std::size_t first = 0; first < points.count;) {
+    std::size_t end = first + 1;
+    while (end < points.count && columns[end] == columns[first]) ++end;
+    add_to_column(sums, static_cast<std::size_t>(columns[first]), points, values, first, end);
+    first = end;
   }
 }
 

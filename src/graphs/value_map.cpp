@@ -9,6 +9,7 @@
 #include "lattice/block_points.h"
 #include "lattice/row_range.h"
 #include "numbers/errors.h"
+#include "numbers/vector_dispatch.h"
 #include "sums/sum_progress.h"
 
 namespace kov {
@@ -30,11 +31,23 @@ std::size_t position_of(const MapAxis& axis) { return static_cast<std::size_t>(a
 struct MapPoints {
   static constexpr std::size_t most = 1024;
 
+  using Pixels = std::array<int, most>;
+
   std::size_t count = 0;
   std::array<std::int32_t, most> x;
   std::array<std::int32_t, most> y;
   std::array<double, most> value;
 };
+
+/// axis.pixel() of each coordinate. Distances have at most 33 bits, and are the same as doubles.
+void find_pixels(const MapAxis& axis, std::span<const std::int32_t> coordinates, MapPoints::Pixels& pixels) {
+  const auto min = static_cast<double>(axis.min);
+  run_loop([&, min, scale = axis.pixels_per_unit]() KOV_INLINE {
+    for (std::size_t i = 0; i < coordinates.size(); ++i) {
+      pixels[i] = static_cast<int>((static_cast<double>(coordinates[i]) - min) * scale);
+    }
+  });
+}
 
 void decode_values(const Block& block, std::size_t first, MapQuantity quantity, std::span<double> out) {
   switch (quantity) {
@@ -159,22 +172,29 @@ class Calculation {
         "summed up", true, [](const Row&, const RowRange&) { return false; },
         [this](const MapPoints& points) {
           map_.point_count += static_cast<std::int64_t>(points.count);
-          for (std::size_t i = 0; i < points.count; ++i) add(points.x[i], points.y[i], points.value[i]);
+          add(points);
         });
   }
 
-  void add(std::int32_t x, std::int32_t y, double value) {
-    const int column = map_.x.pixel(x);
-    const int row = map_.y.pixel(y);
-    // Coordinates differ just when their places in pixels do.
-    std::optional<std::int32_t>& first_x = map_.columns[static_cast<std::size_t>(column)];
-    ValueMap::Row& of_row = map_.rows[static_cast<std::size_t>(row)];
-    if (!first_x) first_x = x;
-    if (!of_row.y) of_row.y = y;
-    if (!overlapping_ && (x != *first_x || y != *of_row.y)) return;
-    of_row.take_x(x);
-    const double sum = map_.grid.add(column, row, value);
-    if (!std::isfinite(sum)) throw floating_overflow();
+  void add(const MapPoints& points) {
+    MapPoints::Pixels columns;
+    MapPoints::Pixels rows;
+    find_pixels(map_.x, std::span(points.x).first(points.count), columns);
+    find_pixels(map_.y, std::span(points.y).first(points.count), rows);
+    bool finite = true;
+    for (std::size_t i = 0; i < points.count; ++i) {
+      const std::int32_t x = points.x[i];
+      const std::int32_t y = points.y[i];
+      // Coordinates differ just when their places in pixels do.
+      std::optional<std::int32_t>& first_x = map_.columns[static_cast<std::size_t>(columns[i])];
+      ValueMap::Row& of_row = map_.rows[static_cast<std::size_t>(rows[i])];
+      if (!first_x) first_x = x;
+      if (!of_row.y) of_row.y = y;
+      if (!overlapping_ && (x != *first_x || y != *of_row.y)) continue;
+      of_row.take_x(x);
+      finite &= std::isfinite(map_.grid.add(columns[i], rows[i], points.value[i]));
+    }
+    if (!finite) throw floating_overflow();
   }
 
   void divide_by_count() {
@@ -197,8 +217,8 @@ class Calculation {
 }  // namespace
 
 bool ValueMap::steps_by_two() const {
-  const bool odd_step = std::any_of(rows.begin(), rows.end(), [](const Row& row) { return row.odd_step; });
-  return !odd_step && std::any_of(rows.begin(), rows.end(), [](const Row& row) { return row.several; });
+  const bool odd_step = std::any_of(rows.begin(), rows.end(), [](const Row& row) { return row.odd_step(); });
+  return !odd_step && std::any_of(rows.begin(), rows.end(), [](const Row& row) { return row.several(); });
 }
 
 std::vector<double> ValueMap::values() const {

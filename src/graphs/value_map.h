@@ -72,17 +72,17 @@ struct ValueMap {
     std::optional<std::int32_t> y;
     /// The first x that was summed here.
     std::optional<std::int32_t> x;
-    /// Another x was summed here.
-    bool several = false;
-    /// One at an odd distance from the first.
-    bool odd_step = false;
+    /// The bits in which some x that was summed here differs from the first.
+    std::uint32_t differences = 0;
 
     void take_x(std::int32_t another) {
       if (!x) x = another;
-      several = several || another != *x;
-      odd_step =
-          odd_step || ((static_cast<std::uint32_t>(another) ^ static_cast<std::uint32_t>(*x)) & 1U) != 0;
+      differences |= static_cast<std::uint32_t>(another) ^ static_cast<std::uint32_t>(*x);
     }
+    /// More than one x was summed here.
+    bool several() const { return differences != 0; }
+    /// One of them lies at an odd distance from the first.
+    bool odd_step() const { return (differences & 1U) != 0; }
   };
 
   MapChoice choice;

@@ -4,6 +4,8 @@
 #include <array>
 #include <cmath>
 
+#include "numbers/vector_dispatch.h"
+
 namespace kov {
 namespace {
 
@@ -26,6 +28,24 @@ bool takes_no_place(const Column& column) noexcept {
   return column.form() == PartForm::zero || column.form() == PartForm::floating_zero;
 }
 
+/// The coordinate at one position of packed keys.
+class PackedCoordinate {
+ public:
+  PackedCoordinate(const KeyFrame& frame, std::size_t position) noexcept
+      : mask_((std::uint64_t{1} << frame.bits(position)) - 1),
+        shift_(frame.shift_of(position)),
+        low_(frame.low(position)) {}
+
+  KOV_INLINE std::int32_t of(std::uint64_t packed) const noexcept {
+    return wrapping_add(low_, static_cast<std::int32_t>((packed >> shift_) & mask_));
+  }
+
+ private:
+  std::uint64_t mask_;
+  int shift_;
+  std::int32_t low_;
+};
+
 }  // namespace
 
 void decode_coordinates(const Row& row, const Block& block, std::size_t position, std::size_t first,
@@ -38,12 +58,15 @@ void decode_coordinates(const Row& row, const Block& block, std::size_t position
   if (frame.bits(position) == 0) {
     std::fill(out.begin(), out.end(), row.box().min.coo[position]);
   } else if (const std::uint32_t* offsets = block.offsets()) {
-    for (std::size_t i = 0; i < out.size(); ++i) {
-      out[i] = frame.coordinate(block.base() + offsets[first + i], position);
-    }
+    const PackedCoordinate coordinate(frame, position);
+    run_loop([offsets = offsets + first, base = block.base(), coordinate, out]() KOV_INLINE {
+      for (std::size_t i = 0; i < out.size(); ++i) out[i] = coordinate.of(base + offsets[i]);
+    });
   } else {
-    const std::uint64_t* keys = block.keys() + first;
-    for (std::size_t i = 0; i < out.size(); ++i) out[i] = frame.coordinate(keys[i], position);
+    const PackedCoordinate coordinate(frame, position);
+    run_loop([keys = block.keys() + first, coordinate, out]() KOV_INLINE {
+      for (std::size_t i = 0; i < out.size(); ++i) out[i] = coordinate.of(keys[i]);
+    });
   }
 }
 

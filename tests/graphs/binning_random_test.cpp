@@ -2,7 +2,9 @@
 
 #include <bit>
 #include <cmath>
+#include <map>
 #include <random>
+#include <set>
 #include <vector>
 
 #include "graphs/graph1_desk.h"
@@ -108,12 +110,51 @@ double plain_map_value(const cotyp& q, MapQuantity quantity) {
   return values[static_cast<std::size_t>(quantity)];
 }
 
+/// The map of a range, and what is known of its rows of pixels, point by point.
+struct PlainMap {
+  PlainMap(const MapDesk& desk, const ValueMap& map, bool overlapping) : value(60 * 40, ValueGrid::no_value) {
+    const KeyBox& box = desk.tables.current_table().range[map.choice.range];
+    for (auto point = desk.lmap.begin(); point != desk.lmap.end(); ++point) {
+      const Lk key = point.key();
+      if (!box.contains(key)) continue;
+      ++count;
+      const std::int32_t x = key.coo[static_cast<std::size_t>(map.x.position)];
+      const std::int32_t y = key.coo[static_cast<std::size_t>(map.y.position)];
+      const int column = map.x.pixel(x);
+      const int row = map.y.pixel(y);
+      const bool first = first_x.emplace(column, x).first->second == x;
+      if (!(first_y.emplace(row, y).first->second == y && first) && !overlapping) continue;
+      x_of_row[row].insert(x);
+      double& sum = value[static_cast<std::size_t>(column * 40 + row)];
+      sum = (ValueGrid::is_value(sum) ? sum : 0.0) + plain_map_value(point.quantity(), map.choice.quantity);
+    }
+  }
+  /// Whether some row has several x, and all of each row are as odd as each other.
+  bool steps_by_two() const {
+    bool several = false;
+    bool odd_step = false;
+    for (const auto& [row, all] : x_of_row) {
+      several |= all.size() > 1;
+      for (const std::int32_t x : all) odd_step |= (x - *all.begin()) % 2 != 0;
+    }
+    return several && !odd_step;
+  }
+
+  std::vector<double> value;
+  std::map<int, std::int32_t> first_x;
+  std::map<int, std::int32_t> first_y;
+  std::map<int, std::set<std::int32_t>> x_of_row;
+  std::int64_t count = 0;
+};
+
 TEST(Binning, OfGraph2IsThatOfThePointsOneByOne) {
   std::mt19937 engine(43);
   int filled = 0;
-  for (int run = 0; run < 100; ++run) {
+  for (int run = 0; run < 200; ++run) {
+    SCOPED_TRACE(run);
     MapDesk desk;
-    desk.set("Graph2_AvoidOverlappingSum", 0);
+    const bool overlapping = engine() % 2 == 0;
+    desk.set("Graph2_AvoidOverlappingSum", overlapping ? 0 : 1);
     desk.set("Graph2_divide_y_by_count", 0);
     fill_randomly(desk.lmap, engine);
     RangeTable& table = desk.tables.current_table();
@@ -122,28 +163,18 @@ TEST(Binning, OfGraph2IsThatOfThePointsOneByOne) {
     ValueMap map;
     if (!desk.calculate(map, {60, 40}, radio).empty()) continue;
     ++filled;
-    const MapChoice choice = MapChoice::of_radio(radio);
-    std::vector<double> plain(60 * 40, ValueGrid::no_value);
-    std::int64_t count = 0;
-    for (auto point = desk.lmap.begin(); point != desk.lmap.end(); ++point) {
-      const Lk key = point.key();
-      if (!table.range[choice.range].contains(key)) continue;
-      const int column = map.x.pixel(key.coo[static_cast<std::size_t>(map.x.position)]);
-      const int row = map.y.pixel(key.coo[static_cast<std::size_t>(map.y.position)]);
-      double& value = plain[static_cast<std::size_t>(column * 40 + row)];
-      value = (ValueGrid::is_value(value) ? value : 0.0) + plain_map_value(point.quantity(), choice.quantity);
-      ++count;
-    }
-    EXPECT_EQ(map.point_count, count);
+    const PlainMap plain(desk, map, overlapping);
+    EXPECT_EQ(map.point_count, plain.count);
+    EXPECT_EQ(map.steps_by_two(), plain.steps_by_two());
     for (int column = 0; column < 60; ++column) {
       for (int row = 0; row < 40; ++row) {
         ASSERT_EQ(bits_of(map.grid.value(column, row)),
-                  bits_of(plain[static_cast<std::size_t>(column * 40 + row)]))
-            << run << ", " << column << " " << row;
+                  bits_of(plain.value[static_cast<std::size_t>(column * 40 + row)]))
+            << column << " " << row;
       }
     }
   }
-  EXPECT_GT(filled, 50);
+  EXPECT_GT(filled, 100);
 }
 
 }  // namespace
