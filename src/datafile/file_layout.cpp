@@ -156,23 +156,21 @@ void put_ranges(TextBuffer& out, const Document& document) {
   }
 }
 
-bool put_points(TextBuffer& out, const Document& document, const AfterPoint& after_point) {
+bool put_lattices(TextBuffer& out, const Document& document, const AfterPoints& after_points) {
+  // Writing takes a third of the time, and is one thread's work: more threads would wait for it.
+  constexpr int most_threads = 4;
   const Lmap& lmap = document.lmap;
-  const std::string& key = document.cph.e_l;
   out.line();
   out.line(";the following ", lmap.count(), " lines contain all non-zero quantities of the lattices");
   out.line(";in the table order: l, n=coo[0], coo[1] ... coo[", MaxDimCount - 2, "] quantity");
-  std::int64_t points = 0;
-  for (const Row& row : lmap.rows()) {
-    if (!put_point_lines(out, key, row, points, after_point)) return false;
-  }
-  return true;
+  WorkerPool workers(std::min(processor_threads(), most_threads));
+  return put_points(out, document.cph.e_l, lmap, workers, after_points);
 }
 
 }  // namespace
 
 bool put_data_file(TextBuffer& out, const Document& document, const FileHead& head,
-                   const AfterPoint& after_point) {
+                   const AfterPoints& after_points) {
   put_head(out, document, head);
   put_view(out, document);
   put_comment(out, document.comment);
@@ -188,7 +186,7 @@ bool put_data_file(TextBuffer& out, const Document& document, const FileHead& he
     out.line(';', lattices_are_empty);
     return true;
   }
-  return put_points(out, document, after_point);
+  return put_lattices(out, document, after_points);
 }
 
 }  // namespace kov

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "datafile/document.h"
-#include "datafile/point_lines.h"
+#include "datafile/point_writer.h"
 #include "datafile/text_buffer.h"
 #include "datafile/writer.h"
 
@@ -17,8 +17,8 @@ struct FileHead {
 };
 
 /// Puts the whole data file into out, block by block in the one order in which it is written. False
-/// when after_point ended it. Does not flush.
+/// when after_points ended it. Does not flush.
 bool put_data_file(TextBuffer& out, const Document& document, const FileHead& head,
-                   const AfterPoint& after_point);
+                   const AfterPoints& after_points);
 
 }  // namespace kov

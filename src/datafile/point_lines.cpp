@@ -105,41 +105,32 @@ class WideHead {
 };
 
 template <class Head>
-bool put_lines(TextBuffer& out, const Head& head, const Block& block, std::int64_t& points,
-               const AfterPoint& after_point) {
+void put_lines(LineText& out, const Head& head, const Block& block) {
   constexpr std::size_t parts_at_once = 256;
   std::array<ratyp, parts_at_once> re;
   std::array<ratyp, parts_at_once> im;
-  const std::size_t room = head.room() + longest_quantity_text + 2;
+  char* at = out.room_for(block.size() * (head.room() + longest_quantity_text + 2));
   for (std::size_t first = 0; first < block.size(); first += parts_at_once) {
     const std::size_t count = std::min(parts_at_once, block.size() - first);
     block.re().decode(first, std::span(re).first(count));
     block.im().decode(first, std::span(im).first(count));
     for (std::size_t i = 0; i < count; ++i) {
-      char* const at = put_text(head.put(out.room_for(room), block, first + i), cotyp(re[i], im[i]));
+      at = put_text(head.put(at, block, first + i), cotyp(re[i], im[i]));
       std::memcpy(at, "\r\n", 2);
-      out.put_until(at + 2);
-      if (!after_point(++points)) return false;
+      at += 2;
     }
   }
-  return true;
-}
-
-template <class Head>
-bool put_blocks(TextBuffer& out, const Head& head, const Row& row, std::int64_t& points,
-                const AfterPoint& after_point) {
-  for (std::size_t i = 0; i < row.block_count(); ++i) {
-    if (!put_lines(out, head, row.block(i), points, after_point)) return false;
-  }
-  return true;
+  out.put_until(at);
 }
 
 }  // namespace
 
-bool put_point_lines(TextBuffer& out, std::string_view key, const Row& row, std::int64_t& points,
-                     const AfterPoint& after_point) {
-  return row.packed() ? put_blocks(out, PackedHead(key, row), row, points, after_point)
-                      : put_blocks(out, WideHead(key), row, points, after_point);
+void put_point_lines(LineText& out, std::string_view key, const Row& row, const Block& block) {
+  if (row.packed()) {
+    put_lines(out, PackedHead(key, row), block);
+  } else {
+    put_lines(out, WideHead(key), block);
+  }
 }
 
 }  // namespace kov

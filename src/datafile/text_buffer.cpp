@@ -9,10 +9,7 @@ TextBuffer::TextBuffer(Drain drain)
 
 void TextBuffer::put(std::string_view text) {
   if (text.size() > room()) flush();
-  if (text.size() > block_size) {
-    drain_(text);
-    return;
-  }
+  if (text.size() > block_size) return pass_on(text);
   text.copy(buffer_.get() + used_, text.size());
   used_ += text.size();
 }

@@ -32,13 +32,11 @@ class TextBuffer {
     used_ += static_cast<std::size_t>(std::to_chars(begin, begin + longest_integer, value).ptr - begin);
   }
 
-  /// Where size characters, no more than 64 KiB, may be put by hand, as far as put_until says.
-  char* room_for(std::size_t size) {
-    if (room() < size) flush();
-    return buffer_.get() + used_;
+  /// Hands a large text on without a copy, behind what was put.
+  void pass_on(std::string_view text) {
+    flush();
+    drain_(text);
   }
-  /// What is before `end` there is put.
-  void put_until(const char* end) { used_ = static_cast<std::size_t>(end - buffer_.get()); }
 
   /// The parts one behind the other, and a line end (CR LF). Without parts an empty line.
   template <class... Parts>

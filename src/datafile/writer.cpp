@@ -1,5 +1,6 @@
 #include "datafile/writer.h"
 
+#include <algorithm>
 #include <ctime>
 #include <optional>
 
@@ -27,28 +28,32 @@ class SaveProgress {
         next_display_(points_per_display_),
         box_(progress, 0, total_) {}
 
-  bool after_point(std::int64_t points) {
-    ++points_since_check_;
-    if (points == next_display_) {
-      next_display_ += points_per_display_;
-      box_.at(points);
-      progress_.headline("lattice point " + int_text(points) + " of " + int_text(total_) + " saved to " +
-                         name_);
-    } else if (points_since_check_ < points_per_check) {
-      return true;
+  /// So many points are saved by now; false when Break was pressed.
+  bool advance(std::int64_t points) {
+    for (;;) {
+      const std::int64_t event = std::min(next_display_, next_check_);
+      if (event > points) return true;
+      if (event == next_display_) display();
+      next_check_ = event + points_per_check;
+      if (progress_.break_requested()) return false;
     }
-    points_since_check_ = 0;
-    return !progress_.break_requested();
   }
 
  private:
+  void display() {
+    box_.at(next_display_);
+    progress_.headline("lattice point " + int_text(next_display_) + " of " + int_text(total_) + " saved to " +
+                       name_);
+    next_display_ += points_per_display_;
+  }
+
   Progress& progress_;
   const std::string name_;
   const std::int64_t total_;
   const std::int64_t points_per_display_;
   std::int64_t next_display_;
+  std::int64_t next_check_ = points_per_check;
   ProgressBox box_;
-  std::int64_t points_since_check_ = 0;
 };
 
 }  // namespace
@@ -60,10 +65,10 @@ bool write_data_file(const std::filesystem::path& path, const Document& document
   TextBuffer out([&file](std::string_view block) { file.write(block); });
   std::optional<SaveProgress> save_progress;
   if (lattices == WithLattices::yes) save_progress.emplace(document, head.file_name, progress);
-  const AfterPoint after_point = [&save_progress](std::int64_t points) {
-    return save_progress->after_point(points);
+  const AfterPoints after_points = [&save_progress](std::int64_t points) {
+    return save_progress->advance(points);
   };
-  if (!put_data_file(out, document, head, after_point)) return false;
+  if (!put_data_file(out, document, head, after_points)) return false;
   out.flush();
   file.commit();
   return true;

@@ -194,12 +194,12 @@ TEST(FileLayout, StopsWhenItIsAskedTo) {
   const SmallDocument small;
   TextBuffer out([](std::string_view) {});
   std::vector<std::int64_t> points;
-  const auto after_point = [&points](std::int64_t count) {
+  const auto after_points = [&points](std::int64_t count) {
     points.push_back(count);
     return false;
   };
-  EXPECT_FALSE(put_data_file(out, small.document, {"small.aa1", "now", WithLattices::yes}, after_point));
-  EXPECT_EQ(points, std::vector<std::int64_t>{1});
+  EXPECT_FALSE(put_data_file(out, small.document, {"small.aa1", "now", WithLattices::yes}, after_points));
+  EXPECT_EQ(points.size(), 1U);
 }
 
 }  // namespace

@@ -2,12 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <random>
 #include <string>
 #include <vector>
 
+#include "datafile/file_error.h"
+#include "datafile/point_writer.h"
 #include "lattice/lmap.h"
+#include "support/failing_allocation.h"
 #include "text/integers.h"
 
 namespace kov {
@@ -27,20 +31,27 @@ std::string plain_lines(const Lmap& lmap) {
   return text;
 }
 
-/// By rows; ends behind the last point that is asked for.
-std::string lines_by_rows(const Lmap& lmap, std::int64_t last = INT64_MAX) {
+std::string lines_by_blocks(const Lmap& lmap) {
+  LineText out;
+  for (const Row& row : lmap.rows()) {
+    for (std::size_t i = 0; i < row.block_count(); ++i) put_point_lines(out, "e_l", row, row.block(i));
+  }
+  return std::string(out.text());
+}
+
+/// By so many threads, up to a call of after_points.
+std::string written_lines(const Lmap& lmap, int threads, std::int64_t last = INT64_MAX) {
+  WorkerPool workers(threads);
   std::string text;
   TextBuffer out([&text](std::string_view part) { text += part; });
-  std::int64_t points = 0;
-  std::int64_t expected = 0;
-  for (const Row& row : lmap.rows()) {
-    const bool all = put_point_lines(out, "e_l", row, points, [&](std::int64_t count) {
-      EXPECT_EQ(count, ++expected);
-      return count < last;
-    });
-    if (!all) break;
-  }
-  out.flush();
+  std::int64_t written = 0;
+  const bool all = put_points(out, "e_l", lmap, workers, [&](std::int64_t points) {
+    EXPECT_GT(points, written);
+    EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), points);
+    written = points;
+    return points < last;
+  });
+  EXPECT_EQ(all, written < last);
   return text;
 }
 
@@ -83,24 +94,58 @@ TEST(PointLines, AreThoseOfEachPointAlone) {
   for (const int positions : {0, 1, 2, 5, 31}) {
     for (const std::uint32_t width : {0U, 2U, 5000U}) {
       const Lmap lmap = random_points(random, positions, width, 3000);
-      ASSERT_EQ(lines_by_rows(lmap), plain_lines(lmap)) << positions << " " << width;
+      ASSERT_EQ(lines_by_blocks(lmap), plain_lines(lmap)) << positions << " " << width;
     }
   }
 }
 
-TEST(PointLines, OfManyBlocksAreThoseOfEachPointAlone) {
-  Lmap lmap;
-  for (std::int32_t i = 0; i < 20'000; ++i) lmap.set(Lk::at(i % 2, 3, i / 2 - 5000), cotyp(i + 1, 7, 0, 1));
-  EXPECT_EQ(lines_by_rows(lmap), plain_lines(lmap));
+TEST(PutPoints, WritesAllLinesInOrderWhateverTheNumberOfThreads) {
+  Lmap many_blocks;
+  for (std::int32_t i = 0; i < 100'000; ++i) {
+    many_blocks.set(Lk::at(i % 2, 3, i / 2 - 5000), cotyp(i + 1, 7, 0, 1));
+  }
+  Lmap many_rows;
+  for (std::int32_t i = 0; i < 40'000; ++i) many_rows.set(Lk::at(0, i / 3, i), i + 1);
+  for (const Lmap* lmap : {&many_blocks, &many_rows}) {
+    const std::string expected = plain_lines(*lmap);
+    for (const int threads : {1, 2, 3, 7}) EXPECT_EQ(written_lines(*lmap, threads), expected) << threads;
+  }
 }
 
-TEST(PointLines, EndWhereTheyAreToldTo) {
+TEST(PutPoints, EndsWhereItIsToldTo) {
   Lmap lmap;
-  for (std::int32_t i = 0; i < 1000; ++i) lmap.set(Lk::at(0, i / 100, i), i + 1);
+  for (std::int32_t i = 0; i < 100'000; ++i) lmap.set(Lk::at(0, i / 30'000, i), i + 1);
   const std::string all = plain_lines(lmap);
-  std::string text = lines_by_rows(lmap, 321);
-  EXPECT_EQ(text, all.substr(0, text.size()));
-  EXPECT_TRUE(text.ends_with(" 321\r\n"));
+  for (const int threads : {1, 2}) {
+    const std::string text = written_lines(lmap, threads, 20'000);
+    EXPECT_LT(text.size(), all.size());
+    EXPECT_EQ(text, all.substr(0, text.size()));
+  }
+}
+
+TEST(PutPoints, NothingIsWrittenOfAnEmptyStore) { EXPECT_EQ(written_lines({}, 2), ""); }
+
+TEST(PutPoints, WhatTheWritingThrowsArrives) {
+  Lmap lmap;
+  for (std::int32_t i = 0; i < 100'000; ++i) lmap.set(Lk::at(0, 0, i), i + 1);
+  for (const int threads : {1, 3}) {
+    WorkerPool workers(threads);
+    int parts = 0;
+    TextBuffer out([&](std::string_view) {
+      if (++parts == 5) throw file_error("disk full");
+    });
+    const AfterPoints go_on = [](std::int64_t) { return true; };
+    EXPECT_THROW(put_points(out, "e_l", lmap, workers, go_on), file_error) << threads;
+    EXPECT_EQ(parts, 5);
+  }
+}
+
+TEST(PutPoints, MemoryThatRunsOutIsThrown) {
+  Lmap lmap;
+  for (std::int32_t i = 0; i < 9000; ++i) lmap.set(Lk::at(0, i / 100, i), i + 1);
+  const std::int64_t failures = fail_each_allocation(
+      0, [&](int&) { written_lines(lmap, 1); }, [](int) {});
+  EXPECT_GT(failures, 5);
 }
 
 }  // namespace

@@ -52,19 +52,15 @@ TEST(TextBuffer, HandsOnBlocksThatAreNeverLargerThanOneUnlessAPieceIs) {
   EXPECT_EQ(text, expected + large);
 }
 
-TEST(TextBuffer, GivesRoomInWhichATextIsPutByHand) {
-  std::string text;
-  std::string expected;
-  TextBuffer out([&text](std::string_view part) { text += part; });
-  for (int i = 0; i < 100'000; ++i) {
-    const std::string piece(static_cast<std::size_t>(i % 40), static_cast<char>('a' + i % 26));
-    char* const at = out.room_for(64);
-    out.put_until(at + piece.copy(at, piece.size()));
-    out.put('|');
-    expected += piece + "|";
-  }
+TEST(TextBuffer, PassesOnALargeTextBehindWhatWasPut) {
+  std::vector<std::string> parts;
+  TextBuffer out([&parts](std::string_view part) { parts.emplace_back(part); });
+  out.pass_on("a");
+  out.put("b");
+  out.pass_on("c");
+  out.put("d");
   out.flush();
-  EXPECT_EQ(text, expected);
+  EXPECT_EQ(parts, (std::vector<std::string>{"a", "b", "c", "d"}));
 }
 
 }  // namespace
