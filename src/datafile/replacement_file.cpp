@@ -143,7 +143,20 @@ void ReplacementFile::write(std::string_view text) {
     if (count < 0 && errno == EINTR) continue;
     if (count < 0) throw file_error(saving, target_, errno);
     text.remove_prefix(static_cast<std::size_t>(count));
+    written_ += count;
+    begin_flushing();
   }
+}
+
+// A wish, which a system or a file system may not know: whether all went well is for the flush at the end.
+void ReplacementFile::begin_flushing() {
+#if defined(SYNC_FILE_RANGE_WRITE)
+  constexpr std::int64_t at_once = std::int64_t{4} << 20;
+  const std::int64_t waiting = written_ - flushing_;
+  if (waiting < at_once) return;
+  ::sync_file_range(file_.get(), flushing_, waiting, SYNC_FILE_RANGE_WRITE);
+  flushing_ = written_;
+#endif
 }
 
 void ReplacementFile::commit() {

@@ -93,6 +93,17 @@ TEST(WriteDataFile, LooksForBreakAlsoWhenItShowsLittle) {
   EXPECT_FALSE(write(desk, progress));
 }
 
+TEST(WriteDataFile, ALargeFileIsTheTextToo) {
+  FileDesk desk;
+  for (int k = 0; k < 150'000; ++k)
+    desk.document.lmap.set(Lk::at(0, k / 50'000, k), cotyp(1 + k, 7, k % 3, 1));
+  EXPECT_TRUE(write(desk, desk.scripted));
+  const std::string text = text_of("walk.aa1");
+  EXPECT_GT(text.size(), std::size_t{10} << 20);
+  const std::string date = text.substr(5, 19);
+  EXPECT_TRUE(text == data_file_text(desk.document, "walk.aa1", WithLattices::yes, date));
+}
+
 TEST(WriteDataFile, ReportsAFolderThatIsNotThere) {
   FileDesk desk;
   EXPECT_THROW(write_data_file("none/walk.aa1", desk.document, WithLattices::yes, desk.scripted), file_error);
