@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "algadd/memory_arenas.h"
 #include "batch/interrupt.h"
 #include "batch/options.h"
 #include "batch/output.h"
@@ -47,6 +48,7 @@ ExitStatus run_options(const Options& options, Output& output, const ScriptedUse
 }  // namespace
 
 ExitStatus run_program(std::span<const char* const> arguments, PictureWriter* pictures) {
+  share_memory_arenas();
   install_signal_handlers();
   DescriptorOutput output(STDOUT_FILENO);
   DescriptorOutput reports(STDERR_FILENO);

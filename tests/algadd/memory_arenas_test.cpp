@@ -1,0 +1,57 @@
+#include "algadd/memory_arenas.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <thread>
+#include <vector>
+
+#if defined(__GLIBC__)
+#include <malloc.h>
+#endif
+
+namespace kov {
+namespace {
+
+TEST(MemoryArenas, ThereIsOneAtLeast) { EXPECT_GE(most_memory_arenas(), 1); }
+
+#if defined(__GLIBC__)
+
+/// By the allocator's own report.
+std::size_t arena_count() {
+  char* text = nullptr;
+  std::size_t size = 0;
+  std::FILE* const report = open_memstream(&text, &size);
+  if (report == nullptr || malloc_info(0, report) != 0) return 0;
+  std::fclose(report);
+  const std::string arenas(text, size);
+  std::free(text);
+  std::size_t count = 0;
+  for (std::size_t at = 0; (at = arenas.find("<heap nr=", at)) != std::string::npos; ++at) ++count;
+  return count;
+}
+
+TEST(MemoryArenas, ThreadsShareThem) {
+  share_memory_arenas();
+  const std::size_t before = arena_count();
+  if (before == 0) GTEST_FAIL() << "no report";
+  std::atomic<int> waiting = 0;
+  std::vector<std::thread> threads;
+  constexpr int thread_count = 12;
+  for (int i = 0; i < thread_count; ++i) {
+    threads.emplace_back([&] {
+      const std::vector<char> piece(20'000);
+      for (++waiting; waiting < thread_count;) std::this_thread::yield();
+    });
+  }
+  for (std::thread& thread : threads) thread.join();
+  EXPECT_LE(arena_count(), std::max(before, static_cast<std::size_t>(most_memory_arenas())));
+}
+
+#endif
+
+}  // namespace
+}  // namespace kov
