@@ -1,7 +1,8 @@
 #include "algadd/finished_columns.h"
 
 #include <algorithm>
-#include <cmath>
+#include <bit>
+#include <cstdint>
 #include <limits>
 
 #include "algadd/overflow_check.h"
@@ -12,13 +13,15 @@ namespace kov {
 namespace {
 
 void require_finite_parts(std::span<const double> parts) {
-  bool finite = true;
+  // As integers, so that the vectors of every unit can do it.
+  constexpr auto infinity = std::bit_cast<std::uint64_t>(std::numeric_limits<double>::infinity());
+  std::uint64_t largest = 0;
   run_loop([&]() KOV_INLINE {
-    bool all = true;
-    for (const double x : parts) all &= std::abs(x) <= std::numeric_limits<double>::max();
-    finite = all;
+    std::uint64_t most = 0;
+    for (const double x : parts) most = std::max(most, std::bit_cast<std::uint64_t>(x) << 1U);
+    largest = most;
   });
-  if (!finite) throw floating_overflow();
+  if (largest >= infinity << 1U) throw floating_overflow();
 }
 
 template <class T>

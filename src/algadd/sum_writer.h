@@ -1,13 +1,14 @@
 #pragma once
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
 #include <utility>
 #include <vector>
 
+#include "algadd/find_present.h"
+#include "algadd/point_buffer.h"
 #include "algadd/step_plan.h"
 #include "lattice/block.h"
 #include "lattice/key_box.h"
@@ -32,44 +33,46 @@ class SumWriter {
   /// Appends the sum unless it is an absent point.
   void append(std::int64_t key, const Sum& sum) {
     if (is_absent(sum)) return;
-    keys_[count_] = static_cast<std::uint64_t>(key);
-    sums_[count_++] = sum;
-    if (count_ == block_capacity) flush();
+    points_.keys[points_.count] = static_cast<std::uint64_t>(key);
+    points_.sums[points_.count++] = sum;
+    if (points_.count == block_capacity) make_block();
   }
 
-  /// Appends the sums of the cells at the ascending indices, none of them absent; cell i has the key first +
-  /// i.
-  void append(std::int64_t first, const Sum* cells, std::span<const std::uint32_t> indices) {
-    while (!indices.empty()) {
-      const std::size_t some = std::min(indices.size(), block_capacity - count_);
-      run_loop([&, keys = keys_.data() + count_, sums = sums_.data() + count_]() KOV_INLINE {
-        for (std::size_t i = 0; i < some; ++i) {
-          keys[i] = static_cast<std::uint64_t>(first) + indices[i];
-          sums[i] = cells[indices[i]];
-        }
-      });
-      count_ += some;
-      indices = indices.subspan(some);
-      if (count_ == block_capacity) flush();
-    }
+  /// Takes the points of so many lines of cells; cell i has the key first + i. All cells are absent then.
+  void take(std::int64_t first, Sum* cells, std::size_t line_count) {
+    const auto all = [=](const auto& look) KOV_INLINE {
+      for (std::size_t line = 0; line < line_count; ++line) look(line);
+    };
+    take_lines(cells, first, all, points_, [this] { make_block(); });
+  }
+
+  /// The same where only lines with a mark hold points. Takes the marks away; line_count is a multiple of 8.
+  void take_marked(std::int64_t first, Sum* cells, std::uint8_t* marks, std::size_t line_count) {
+    const auto marked = [=](const auto& look) KOV_INLINE { for_each_mark(marks, line_count, look); };
+    take_lines(cells, first, marked, points_, [this] { make_block(); });
   }
 
   /// Makes a block of what is left.
   void flush() {
-    if (count_ == 0) return;
-    auto [re, im] = arithmetic_.columns(std::span<const Sum>(sums_.data(), count_));
-    const std::span<const std::uint64_t> keys(keys_.data(), count_);
-    blocks_.push_back({Block(keys, std::move(re), std::move(im)), plan_.frame.box_of(keys, plan_.n)});
-    count_ = 0;
+    if (points_.count != 0) make_block();
   }
 
  private:
+  // Of the first points, as many as fit into one; others stay.
+  void make_block() {
+    const std::size_t count = std::min(points_.count, block_capacity);
+    auto [re, im] = arithmetic_.columns(std::span<const Sum>(points_.sums.data(), count));
+    const std::span<const std::uint64_t> keys(points_.keys.data(), count);
+    blocks_.push_back({Block(keys, std::move(re), std::move(im)), plan_.frame.box_of(keys, plan_.n)});
+    std::copy_n(points_.keys.begin() + count, points_.count - count, points_.keys.begin());
+    std::copy_n(points_.sums.begin() + count, points_.count - count, points_.sums.begin());
+    points_.count -= count;
+  }
+
   const StepPlan& plan_;
   const Arithmetic& arithmetic_;
   std::vector<BoundedBlock>& blocks_;
-  std::size_t count_ = 0;
-  std::array<std::uint64_t, block_capacity> keys_;
-  std::array<Sum, block_capacity> sums_;
+  PointBuffer<Sum> points_;
 };
 
 }  // namespace kov

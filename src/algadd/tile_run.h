@@ -8,6 +8,7 @@
 
 #include "algadd/find_present.h"
 #include "algadd/key_sort.h"
+#include "algadd/spaced_points.h"
 #include "algadd/step_plan.h"
 #include "algadd/step_sources.h"
 #include "algadd/sum_writer.h"
@@ -26,7 +27,6 @@ struct TileRoom {
   std::vector<Sum> cells;
   /// 0 between two tiles.
   std::vector<std::uint8_t> marks;
-  std::vector<std::uint32_t> found;
   std::vector<Keyed<Sum>> products;
   std::vector<Keyed<Sum>> sorted;
 
@@ -35,7 +35,6 @@ struct TileRoom {
     const std::size_t whole_words = count + 8 * cells_of_line;
     if (cells.size() >= whole_words) return;
     cells.resize(whole_words);
-    found.resize(whole_words + cells_of_line);
     marks.resize(whole_words / cells_of_line + 8);
   }
 };
@@ -53,6 +52,7 @@ template <class Arithmetic>
 class TileRun {
  public:
   using Sum = typename Arithmetic::Sum;
+  using Factor = typename Arithmetic::Factor;
 
   TileRun(const StepPlan& plan, const Arithmetic& arithmetic, const StepSources<Arithmetic>& sources,
           TileRoom<Arithmetic>& room, std::vector<BoundedBlock>& blocks)
@@ -95,15 +95,21 @@ class TileRun {
     sort_and_add();
   }
 
-  /// f(packed destination, product) for every contribution of the tile, term by term.
+  /// f(block, piece, distance, factor, values of the piece) for every piece of the tile, term by term.
   template <class Function>
-  KOV_INLINE void for_each_product(const Function& f) {
+  KOV_INLINE void for_each_piece(const Function& f) {
     for (const Piece& piece : room_.pieces) {
       const StepTerm& term = plan_.terms[piece.term];
       const Block& block = plan_.streams[term.stream].block(piece.block);
-      const auto values = sources_.values(term.stream, piece, room_.values);
-      const auto factor = factors_[piece.term];
-      const std::int64_t shift = term.shift;
+      f(block, piece, term.shift, factors_[piece.term], sources_.values(term.stream, piece, room_.values));
+    }
+  }
+
+  /// f(packed destination, product) for every contribution of the tile, term by term.
+  template <class Function>
+  KOV_INLINE void for_each_product(const Function& f) {
+    for_each_piece([&f](const Block& block, const Piece& piece, std::int64_t shift, const Factor& factor,
+                        const auto& values) KOV_INLINE {
       if (const std::uint32_t* const offsets = block.offsets()) {
         const std::int64_t base = static_cast<std::int64_t>(block.base()) + shift;
         for (std::size_t i = 0; i < piece.count; ++i) {
@@ -115,7 +121,7 @@ class TileRun {
           f(static_cast<std::int64_t>(keys[i]) + shift, Arithmetic::product(factor, values, i));
         }
       }
-    }
+    });
   }
 
   /// Adds the pieces of the tile as wholes where the arithmetic does that; whether it does.
@@ -140,12 +146,21 @@ class TileRun {
     room_.make_cells(cell_count);
     Sum* const cells = room_.cells.data();
     if (!add_pieces(begin, nullptr)) {
-      for_each_product([=](std::int64_t key, const Sum& product)
-                           KOV_INLINE { Arithmetic::add(cells[key - begin], product); });
+      for_each_piece([=](const Block& block, const Piece& piece, std::int64_t shift, const Factor& factor,
+                         const auto& values) KOV_INLINE {
+        if (const std::uint32_t* const offsets = block.offsets()) {
+          const std::int64_t first = static_cast<std::int64_t>(block.base()) + shift - begin;
+          add_products<Arithmetic>(cells, first, offsets + piece.from, piece.count, factor, values);
+        } else {
+          const std::uint64_t* const keys = block.keys() + piece.from;
+          for (std::size_t i = 0; i < piece.count; ++i) {
+            Arithmetic::add(cells[static_cast<std::int64_t>(keys[i]) + shift - begin],
+                            Arithmetic::product(factor, values, i));
+          }
+        }
+      });
     }
-    const std::size_t present = find_present(cells, cell_count, room_.found.data());
-    writer_->append(begin, cells, std::span<const std::uint32_t>(room_.found.data(), present));
-    std::fill_n(cells, cell_count, Sum{});
+    writer_->take(begin, cells, (cell_count + cells_of_line - 1) / cells_of_line);
   }
 
   void scatter_marked(std::int64_t begin, std::int64_t end) {
@@ -161,11 +176,7 @@ class TileRun {
       });
     }
     const std::size_t lines = (cell_count / cells_of_line + 8) / 8 * 8;
-    const std::size_t present = find_present_in_lines(cells, marks, lines, room_.found.data());
-    const std::span<const std::uint32_t> found(room_.found.data(), present);
-    writer_->append(begin, cells, found);
-    // A cell whose sum has come back to zero counts as new already.
-    for (const std::uint32_t cell : found) cells[cell] = Sum{};
+    writer_->take_marked(begin, cells, marks, lines);
   }
 
   void sort_and_add() {
@@ -187,7 +198,7 @@ class TileRun {
   const Arithmetic& arithmetic_;
   const StepSources<Arithmetic>& sources_;
   TileRoom<Arithmetic>& room_;
-  std::vector<typename Arithmetic::Factor> factors_;
+  std::vector<Factor> factors_;
   std::unique_ptr<SumWriter<Arithmetic>> writer_;
 };
 

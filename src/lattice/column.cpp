@@ -11,6 +11,7 @@
 #include "lattice/copied_variant.h"
 #include "lattice/spare_memory.h"
 #include "numbers/checked_integer.h"
+#include "numbers/vector_dispatch.h"
 
 namespace kov {
 namespace {
@@ -18,13 +19,17 @@ namespace {
 template <class T>
 std::uint32_t largest_magnitude(std::span<const T> parts) noexcept {
   std::uint32_t largest = 0;
-  for (const T& part : parts) {
-    if constexpr (std::is_same_v<T, Fraction32>) {
-      largest = std::max(largest, magnitude(part.nu));
-    } else {
-      largest = std::max(largest, magnitude(part));
+  run_loop([&]() KOV_INLINE {
+    std::uint32_t most = 0;
+    for (const T& part : parts) {
+      if constexpr (std::is_same_v<T, Fraction32>) {
+        most = std::max(most, magnitude(part.nu));
+      } else {
+        most = std::max(most, magnitude(part));
+      }
     }
-  }
+    largest = most;
+  });
   return largest;
 }
 

@@ -5,6 +5,11 @@ namespace kov {
 /// Forces a function into the one that is compiled for a wider vector unit.
 #define KOV_INLINE __attribute__((always_inline))
 
+#if defined(__x86_64__)
+/// Compiles a function for the 512-bit vectors, whatever the program is compiled for.
+#define KOV_AVX512 __attribute__((target("avx512f,avx512vl,avx512dq,avx512bw")))
+#endif
+
 /// The vector units that loops are compiled for.
 enum class VectorUnit { baseline, avx2, avx512 };
 
@@ -28,7 +33,7 @@ __attribute__((target("avx2"))) void run_loop_avx2(const Loop& loop) {
 }
 
 template <class Loop>
-__attribute__((target("avx512f,avx512vl,avx512dq,avx512bw"))) void run_loop_avx512(const Loop& loop) {
+KOV_AVX512 void run_loop_avx512(const Loop& loop) {
   loop();
 }
 
