@@ -76,16 +76,19 @@ class TileRun {
   // touched.
   static constexpr std::int64_t cells_of_full_tile = std::max<std::int64_t>(1024, 49152 / sizeof(Sum));
   static constexpr std::int64_t cells_of_marked_tile = sizeof(Sum) > 16 ? 16384 : 65536;
+  static constexpr std::size_t contributions_of_marked_tile = 4096;
   static constexpr std::size_t contributions_to_sort = 8192;
 
   void tile(TermPlaces& places, std::int64_t key, std::int64_t end) {
     const std::size_t terms = factors_.size();
     const std::int64_t full_end = std::min(end, key + cells_of_full_tile);
-    if (places.key_behind(1 + cells_of_full_tile / 8 / terms) <= full_end) {
+    if (places.key_behind(1 + cells_of_full_tile / 32 / terms) <= full_end) {
       places.pass(full_end, room_.pieces);
       return scatter(key, full_end);
     }
-    const std::int64_t marked_end = std::min(end, key + cells_of_marked_tile);
+    // Not far into a denser part of the row.
+    const std::int64_t marked_end = std::min(
+        {end, key + cells_of_marked_tile, places.key_behind(1 + contributions_of_marked_tile / terms)});
     if (places.key_behind(1 + 32 / terms) <= marked_end) {
       places.pass(marked_end, room_.pieces);
       return scatter_marked(key, marked_end);

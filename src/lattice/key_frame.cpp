@@ -50,13 +50,14 @@ std::optional<KeyFrame> KeyFrame::for_box(const KeyBox& box) {
 }
 
 // A bit more for a position spreads the keys in all positions above it: the first one may have it for
-// nothing, the others as long as everything lies within 32 bits.
+// nothing, the others as long as everything lies within 32 bits. Lattice indices do not grow step by step; points of
+// one lattice stay as near each other as can be.
 std::optional<KeyFrame> KeyFrame::with_room(const KeyBox& box) {
   KeyBits bits = smallest_bits(box);
   int total = sum_of(bits);
   if (total > most_bits) return std::nullopt;
   bool first = true;
-  for (std::size_t i = 1; i < bits.size(); ++i) {
+  for (std::size_t i = 1; i < l_position; ++i) {
     if (bits[i] == 0) continue;
     const bool room = first ? total < most_bits : total < bits_of_offset;
     if (room && is_tight(box, i, bits[i])) {
