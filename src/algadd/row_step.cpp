@@ -33,7 +33,8 @@ Lmap RowStep::destinations(const Algadd& algadd, int table, int used_length, con
                            std::int32_t n, Progress& progress) const {
   std::vector<const Row*> sources;
   for (const Row& row : store.rows(n, highest_int)) sources.push_back(&row);
-  const auto plans = plan_step(algadd, table, used_length, sources);
+  const auto plans =
+      plan_step(algadd, table, used_length, sources, {workers_, [&progress] { progress.breathe(); }});
   if (!plans) return general_step(algadd, table, used_length, store, n, progress);
   Lmap destinations;
   for (const StepPlan& plan : *plans) {

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 #include <tuple>
+#include <utility>
 
 #include "text/integers.h"
 
@@ -80,22 +82,29 @@ bool comes_before(const ActiveEntry& a, const ActiveEntry& b) {
   return std::tuple(a.entry->source_l(), a.number) < std::tuple(b.entry->source_l(), b.number);
 }
 
-// Collects the streams as terms ask for them.
-class StreamTable {
- public:
-  explicit StreamTable(StepPlan& plan) : plan_(plan) {}
+/// A source row's number and a lattice: what one stream is made of.
+using StreamKey = std::pair<std::size_t, std::int32_t>;
 
-  std::size_t stream(const ActiveEntry& active) {
-    const auto [place, is_new] =
-        numbers_.try_emplace({active.row_number, active.entry->source_l()}, plan_.streams.size());
-    if (is_new) plan_.streams.emplace_back(*active.row, active.entry->source_l(), plan_.frame);
-    return place->second;
+StreamKey stream_key(const ActiveEntry& active) { return {active.row_number, active.entry->source_l()}; }
+
+// The streams that the entries read, in the order of their keys.
+std::map<StreamKey, SourceStream> streams_of(const std::vector<ActiveEntry>& entries, const KeyFrame& frame,
+                                             const StepThreads& threads) {
+  std::map<std::size_t, const Row*> rows;
+  std::map<std::size_t, std::set<std::int32_t>> lattices;
+  for (const ActiveEntry& active : entries) {
+    rows[active.row_number] = active.row;
+    lattices[active.row_number].insert(active.entry->source_l());
   }
-
- private:
-  StepPlan& plan_;
-  std::map<std::pair<std::size_t, std::int32_t>, std::size_t> numbers_;
-};
+  std::map<StreamKey, SourceStream> streams;
+  for (const auto& [number, row] : rows) {
+    const std::vector<std::int32_t> wanted(lattices[number].begin(), lattices[number].end());
+    std::vector<SourceStream> made = source_streams(*row, wanted, frame, threads.workers, threads.between);
+    for (std::size_t i = 0; i < made.size(); ++i)
+      streams.emplace(StreamKey(number, wanted[i]), std::move(made[i]));
+  }
+  return streams;
+}
 
 // The lattice index takes the lowest bits; the distance of two of them may not fit in 32.
 std::int64_t distance(const KeyFrame& frame, const AlgaddEntry& entry) {
@@ -104,7 +113,8 @@ std::int64_t distance(const KeyFrame& frame, const AlgaddEntry& entry) {
   return static_cast<std::int64_t>(frame.shift(offset)) + entry.ldest - entry.source_l();
 }
 
-std::optional<StepPlan> plan_row(std::int32_t n, std::vector<ActiveEntry> entries) {
+std::optional<StepPlan> plan_row(std::int32_t n, std::vector<ActiveEntry> entries,
+                                 const StepThreads& threads) {
   KeyBox destinations{Lk::filled(highest_int), Lk::filled(lowest_int)};
   destinations.min.coo[0] = n;
   destinations.max.coo[0] = n;
@@ -118,11 +128,16 @@ std::optional<StepPlan> plan_row(std::int32_t n, std::vector<ActiveEntry> entrie
 
   StepPlan plan{.n = n, .frame = *frame, .streams = {}, .terms = {}};
   std::sort(entries.begin(), entries.end(), comes_before);
-  StreamTable streams(plan);
+  std::map<StreamKey, std::size_t> numbers;
+  for (auto& [key, stream] : streams_of(entries, *frame, threads)) {
+    if (stream.count() == 0) continue;
+    numbers[key] = plan.streams.size();
+    plan.streams.push_back(std::move(stream));
+  }
   for (const ActiveEntry& active : entries) {
-    const std::size_t stream = streams.stream(active);
-    if (plan.streams[stream].count() == 0) continue;
-    plan.terms.push_back({stream, distance(*frame, *active.entry), active.entry->p});
+    const auto stream = numbers.find(stream_key(active));
+    if (stream == numbers.end()) continue;
+    plan.terms.push_back({stream->second, distance(*frame, *active.entry), active.entry->p});
   }
   return plan;
 }
@@ -130,7 +145,8 @@ std::optional<StepPlan> plan_row(std::int32_t n, std::vector<ActiveEntry> entrie
 }  // namespace
 
 std::optional<std::vector<StepPlan>> plan_step(const Algadd& algadd, int table, int used_length,
-                                               const std::vector<const Row*>& sources) {
+                                               const std::vector<const Row*>& sources,
+                                               const StepThreads& threads) {
   std::map<std::int32_t, std::vector<ActiveEntry>> rows;
   for (std::size_t row = 0; row < sources.size(); ++row) {
     if (!sources[row]->packed()) return std::nullopt;
@@ -143,7 +159,7 @@ std::optional<std::vector<StepPlan>> plan_step(const Algadd& algadd, int table, 
   }
   std::vector<StepPlan> plans;
   for (auto& [n, entries] : rows) {
-    std::optional<StepPlan> plan = plan_row(n, std::move(entries));
+    std::optional<StepPlan> plan = plan_row(n, std::move(entries), threads);
     if (!plan) return std::nullopt;
     plans.push_back(std::move(*plan));
   }

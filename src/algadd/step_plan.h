@@ -2,11 +2,13 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <vector>
 
 #include "algadd/algadd.h"
 #include "algadd/source_stream.h"
+#include "algadd/worker_pool.h"
 #include "lattice/key_frame.h"
 #include "numbers/cotyp.h"
 
@@ -38,10 +40,17 @@ struct StepPlan {
   std::vector<StepTerm> terms;
 };
 
+/// On what a step is planned, and what is called meanwhile, every few milliseconds.
+struct StepThreads {
+  WorkerPool& workers;
+  std::function<void()> between;
+};
+
 /// The plans of a step from the given rows of one store, one for each row of destinations, in the order of n.
 /// Nothing when keys do not pack: when a row is wide, a coordinate might wrap, or most_step_key_bits do not
 /// hold all keys of a plan; AddLpairToLmap_1 must then be called point by point.
 std::optional<std::vector<StepPlan>> plan_step(const Algadd& algadd, int table, int used_length,
-                                               const std::vector<const Row*>& sources);
+                                               const std::vector<const Row*>& sources,
+                                               const StepThreads& threads);
 
 }  // namespace kov
