@@ -7,8 +7,8 @@ namespace kov {
 namespace {
 
 // The first point of a block whose key is not less; a key below all packed ones may be negative.
-std::size_t index_of(const Block& block, std::int64_t key) {
-  return key <= 0 ? 0 : block.lower_bound(static_cast<std::uint64_t>(key));
+std::size_t index_of(const Block& block, std::int64_t key, std::size_t near) {
+  return key <= 0 ? 0 : block.lower_bound(static_cast<std::uint64_t>(key), near);
 }
 
 }  // namespace
@@ -17,7 +17,10 @@ TermPlaces::TermPlaces(const StepPlan& plan, std::int64_t key) {
   for (const StepTerm& term : plan.terms) {
     Place place{.stream = &plan.streams[term.stream], .shift = term.shift};
     place.block = place.stream->block_with(key - term.shift);
-    if (!place.at_end()) place.index = index_of(place.stream->block(place.block), key - term.shift);
+    if (!place.at_end()) {
+      const Block& block = place.stream->block(place.block);
+      place.index = index_of(block, key - term.shift, block.size() / 2);
+    }
     places_.push_back(place);
   }
 }
@@ -51,8 +54,9 @@ void TermPlaces::pass(std::int64_t end, std::vector<Piece>& pieces) {
       const Block& block = place.stream->block(place.block);
       const std::int64_t source_end = end - place.shift;
       const bool whole = static_cast<std::int64_t>(block.last_key()) < source_end;
-      const std::size_t to = whole ? block.size() : index_of(block, source_end);
-      if (to > place.index) pieces.push_back({term, place.block, place.index, to - place.index});
+      const std::size_t to = whole ? block.size() : index_of(block, source_end, place.index + place.passed);
+      place.passed = to - place.index;
+      if (to > place.index) pieces.push_back({term, place.block, place.index, place.passed});
       place.index = to;
       if (!whole) break;
       ++place.block;

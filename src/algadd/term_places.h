@@ -41,6 +41,8 @@ class TermPlaces {
     std::int64_t shift = 0;
     std::size_t block = 0;
     std::size_t index = 0;
+    /// How many points of one block were passed last.
+    std::size_t passed = 0;
 
     bool at_end() const { return block == stream->block_count(); }
     std::int64_t key() const { return static_cast<std::int64_t>(stream->block(block).key(index)) + shift; }

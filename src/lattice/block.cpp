@@ -18,6 +18,31 @@ void insert_key(std::vector<Key>& keys, std::size_t i, const Key& key) noexcept 
   keys.insert(keys.begin() + static_cast<std::ptrdiff_t>(i), key);
 }
 
+// J. L. Bentley, A. C. Yao, An almost optimal algorithm for unbounded searching, Information Processing
+// Letters 5 (1976) 82-87.
+template <class Key>
+std::size_t lower_bound_near(std::span<const Key> keys, Key key, std::size_t near) noexcept {
+  std::size_t low = std::min(near, keys.size());
+  std::size_t high = low;
+  std::size_t step = 16;
+  if (low < keys.size() && keys[low] < key) {
+    for (high = low + step; high < keys.size() && keys[high] < key; high += step) {
+      low = high;
+      step *= 2;
+    }
+    high = std::min(high, keys.size());
+  } else {
+    for (low = high - std::min(step, high); low > 0 && keys[low] >= key; low -= std::min(step, low)) {
+      high = low;
+      step *= 2;
+    }
+  }
+  const auto begin = keys.begin();
+  return static_cast<std::size_t>(std::lower_bound(begin + static_cast<std::ptrdiff_t>(low),
+                                                   begin + static_cast<std::ptrdiff_t>(high), key) -
+                                  begin);
+}
+
 std::vector<std::uint32_t> offsets_of(std::span<const std::uint64_t> keys) {
   std::vector<std::uint32_t> offsets(keys.size());
   std::transform(keys.begin(), keys.end(), offsets.begin(),
@@ -73,6 +98,16 @@ std::size_t Block::lower_bound(std::uint64_t key) const noexcept {
     return static_cast<std::size_t>(std::lower_bound(near, near + size(), offset) - near);
   }
   return static_cast<std::size_t>(std::lower_bound(keys(), keys() + size(), key) - keys());
+}
+
+std::size_t Block::lower_bound(std::uint64_t key, std::size_t near) const noexcept {
+  if (const std::uint32_t* offsets_from_base = offsets()) {
+    if (key <= base_) return 0;
+    if (key - base_ > largest_offset) return size();
+    return lower_bound_near(std::span(offsets_from_base, size()), static_cast<std::uint32_t>(key - base_),
+                            near);
+  }
+  return lower_bound_near(std::span(keys(), size()), key, near);
 }
 
 std::size_t Block::lower_bound(const Lk& key) const noexcept {

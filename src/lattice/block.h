@@ -58,6 +58,9 @@ class Block {
 
   /// The index of the first key that is not less, size() when all are less.
   std::size_t lower_bound(std::uint64_t key) const noexcept;
+  /// The same, looked for from index `near` on in growing steps to either side: log(distance) comparisons,
+  /// most of them in lines that are near each other.
+  std::size_t lower_bound(std::uint64_t key, std::size_t near) const noexcept;
   std::size_t lower_bound(const Lk& key) const noexcept;
 
   const Column& re() const noexcept { return re_; }
