@@ -20,7 +20,7 @@ inline constexpr std::size_t cells_of_line = 16;
 
 /// f(i) for every marks[i] that is 1, ascending; makes it 0. count is a multiple of 8.
 template <class Function>
-KOV_INLINE inline void for_each_mark(std::uint8_t* marks, std::size_t count, const Function& f) {
+KOV_INLINE inline void for_each_mark(std::uint8_t* marks, std::size_t count, Function&& f) {
   for (std::size_t i = 0; i < count; i += 8) {
     std::uint64_t word = 0;
     std::memcpy(&word, marks + i, sizeof word);

@@ -163,7 +163,7 @@ class TileRun {
         }
       });
     }
-    writer_->take(begin, cells, (cell_count + cells_of_line - 1) / cells_of_line);
+    writer_->take(begin, cells, cell_count);
   }
 
   void scatter_marked(std::int64_t begin, std::int64_t end) {
@@ -178,8 +178,7 @@ class TileRun {
         marks[cell / cells_of_line] = 1;
       });
     }
-    const std::size_t lines = (cell_count / cells_of_line + 8) / 8 * 8;
-    writer_->take_marked(begin, cells, marks, lines);
+    writer_->take_marked(begin, cells, cell_count, marks);
   }
 
   void sort_and_add() {
