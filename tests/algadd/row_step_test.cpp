@@ -57,7 +57,7 @@ class RowStepAgainstLiteral : public ::testing::Test {
   void count_plans(const StepWorld& world) {
     std::vector<const Row*> sources;
     for (const Row& row : world.lmap.rows(world.n, highest_int)) sources.push_back(&row);
-    const auto plans = plan_step(world.algadd, 0, world.used_length(), sources);
+    const auto plans = plan_step(world.algadd, 0, world.used_length(), sources, {pools_[0], [] {}});
     if (!plans) {
       ++unplanned_;
       return;

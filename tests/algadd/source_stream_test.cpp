@@ -29,6 +29,17 @@ PlannedStep::Points three_lattices(std::size_t count) {
   return points;
 }
 
+/// The streams of the lattices, sorted out by so many threads.
+std::vector<SourceStream> streams_of(const Row& row, const std::vector<std::int32_t>& lattices,
+                                     const KeyFrame& frame, int threads = 1) {
+  WorkerPool workers(threads);
+  return source_streams(row, lattices, frame, workers, [] {});
+}
+
+SourceStream stream_of(const Row& row, std::int32_t l, const KeyFrame& frame) {
+  return std::move(streams_of(row, {l}, frame)[0]);
+}
+
 void expect_points_of(const SourceStream& stream, const PlannedStep::Points& expected,
                       const KeyFrame& frame) {
   ASSERT_EQ(stream.count(), expected.size());
@@ -46,7 +57,7 @@ void expect_points_of(const SourceStream& stream, const PlannedStep::Points& exp
 TEST(SourceStream, TheBlocksOfOneLatticeServeAsTheyStand) {
   const PlannedStep::Points points = points_on_k1(2 * block_capacity + 5, 1, 0, 4);
   const Row row = packed_row_of(points);
-  const SourceStream stream(row, 4, row.frame());
+  const SourceStream stream = stream_of(row, 4, row.frame());
   ASSERT_EQ(stream.block_count(), row.block_count());
   for (std::size_t i = 0; i < row.block_count(); ++i) EXPECT_EQ(&stream.block(i), &row.block(i));
   expect_points_of(stream, points, row.frame());
@@ -55,15 +66,26 @@ TEST(SourceStream, TheBlocksOfOneLatticeServeAsTheyStand) {
 TEST(SourceStream, OfSeveralLatticesOneIsTakenOut) {
   const Row row = packed_row_of(three_lattices(block_capacity));
   for (const std::int32_t l : {3, 5, 6}) {
-    const SourceStream stream(row, l, row.frame());
-    expect_points_of(stream, points_on_k1(block_capacity, 1, -7, l), row.frame());
+    expect_points_of(stream_of(row, l, row.frame()), points_on_k1(block_capacity, 1, -7, l), row.frame());
+  }
+}
+
+TEST(SourceStream, SeveralLatticesAreSortedOutAtOnce) {
+  const Row row = packed_row_of(three_lattices(5 * block_capacity));
+  const std::vector<std::int32_t> lattices = {2, 3, 4, 6};
+  for (const int threads : {1, 2, 3}) {
+    const std::vector<SourceStream> streams = streams_of(row, lattices, row.frame(), threads);
+    ASSERT_EQ(streams.size(), lattices.size());
+    EXPECT_EQ(streams[0].count() + streams[2].count(), 0U);
+    expect_points_of(streams[1], points_on_k1(5 * block_capacity, 1, -7, 3), row.frame());
+    expect_points_of(streams[3], points_on_k1(5 * block_capacity, 1, -7, 6), row.frame());
   }
 }
 
 TEST(SourceStream, AnotherLatticeHasNoPoints) {
   const Row row = packed_row_of(three_lattices(10));
   for (const std::int32_t l : {2, 4, 7}) {
-    const SourceStream stream(row, l, row.frame());
+    const SourceStream stream = stream_of(row, l, row.frame());
     EXPECT_EQ(stream.count(), 0U);
     EXPECT_EQ(stream.block_count(), 0U);
     EXPECT_EQ(stream.block_with(0), 0U);
@@ -76,13 +98,14 @@ TEST(SourceStream, KeysArePackedAnewForAnotherFrame) {
   const KeyFrame frame = *KeyFrame::for_box(roomy);
   const Row several = packed_row_of(three_lattices(3000));
   const PlannedStep::Points points = points_on_k1(3000, 1, -7, 5);
-  expect_points_of(SourceStream(several, 5, frame), points, frame);
-  expect_points_of(SourceStream(packed_row_of(points), 5, frame), points, frame);
+  expect_points_of(stream_of(several, 5, frame), points, frame);
+  const Row one = packed_row_of(points);
+  expect_points_of(stream_of(one, 5, frame), points, frame);
 }
 
 TEST(SourceStream, FindsTheBlockWithAKey) {
   const Row row = packed_row_of(points_on_k1(3 * block_capacity, 5));
-  const SourceStream stream(row, 0, row.frame());
+  const SourceStream stream = stream_of(row, 0, row.frame());
   ASSERT_GE(stream.block_count(), 3U);
   EXPECT_EQ(stream.block_with(std::numeric_limits<std::int64_t>::min()), 0U);
   for (std::size_t i = 0; i < stream.block_count(); ++i) {

@@ -96,6 +96,7 @@ TEST(PlanStep, OnlyEntriesWithPointsAreTerms) {
 TEST(PlanStep, ARunSeldomNeedsAnotherFrame) {
   const std::vector<AlgaddEntry> entries = {entry_of(1, -1), entry_of(2, 1)};
   KeyFrame frame = *KeyFrame::for_box({Lk(), Lk()});
+  WorkerPool workers(1);
   int frames = 0;
   for (std::int32_t steps = 0; steps < 1000; ++steps) {
     const KeyFrame row_frame = frame;
@@ -105,7 +106,7 @@ TEST(PlanStep, ARunSeldomNeedsAnotherFrame) {
     Algadd algadd;
     algadd.set_entry(0, 0, entries[0]);
     algadd.set_entry(0, 1, entries[1]);
-    const auto plans = plan_step(algadd, 0, 2, {&row});
+    const auto plans = plan_step(algadd, 0, 2, {&row}, {workers, [] {}});
     ASSERT_TRUE(plans);
     const KeyFrame& made = plans->at(0).frame;
     EXPECT_TRUE(made.covers({Lk::at(0, 0, -steps - 1), Lk::at(0, 0, steps + 1)}));

@@ -35,19 +35,15 @@ class SumWriterTest : public ::testing::Test {
 };
 
 TEST_F(SumWriterTest, FillsBlocksFromBothSides) {
-  // Single sums and runs of cells in turns, of which every third is absent or left out.
-  std::vector<Sum> cells(5000);
-  std::vector<std::uint32_t> indices;
-  for (std::uint32_t i = 0; i < cells.size(); ++i) {
-    cells[i].re = i % 3 == 0 ? 0.0 : 5000.0 + i;
-    if (i % 3 != 0) indices.push_back(i);
-  }
+  // Single sums and runs of cells in turns, of which every third is absent.
+  std::vector<Sum> cells(5000 + cells_of_line);
+  for (std::uint32_t i = 0; i < 5000; ++i) cells[i].re = i % 3 == 0 ? 0.0 : 5000.0 + i;
   for (std::int64_t key = 0; key < 5000; ++key)
     writer->append(key, {key % 3 == 0 ? 0.0 : static_cast<double>(key)});
-  writer->append(5000, cells.data(), indices);
+  writer->take(5000, cells.data(), 5000);
   writer->append(10000, {10000.0});
   writer->flush();
-  const std::size_t per_run = indices.size();
+  constexpr std::size_t per_run = 3333;
   ASSERT_EQ(written(), 2 * per_run + 1);
   ASSERT_EQ(blocks.size(), 2U);
   EXPECT_EQ(blocks[0].block.size(), block_capacity);
@@ -64,10 +60,8 @@ TEST_F(SumWriterTest, FillsBlocksFromBothSides) {
 
 TEST_F(SumWriterTest, RunsLongerThanABlockAreSplit) {
   std::vector<Sum> cells(3 * block_capacity, Sum{1.0});
-  std::vector<std::uint32_t> indices(cells.size());
-  for (std::uint32_t i = 0; i < indices.size(); ++i) indices[i] = i;
   writer->append(0, {0.5});
-  writer->append(1, cells.data(), indices);
+  writer->take(1, cells.data(), cells.size());
   writer->flush();
   ASSERT_EQ(blocks.size(), 4U);
   EXPECT_EQ(blocks[2].block.size(), block_capacity);
@@ -82,9 +76,25 @@ TEST_F(SumWriterTest, BoundsAreThoseOfTheKeys) {
   EXPECT_EQ(blocks[0].box, expected);
 }
 
+TEST_F(SumWriterTest, OfMarkedCellsOnlyTheirLinesAreLookedAt) {
+  std::vector<Sum> cells(20 * cells_of_line);
+  std::vector<std::uint8_t> marks(32);
+  for (const std::size_t line : {0U, 3U, 19U}) {
+    cells[line * cells_of_line + line % 16].re = 1.0 + static_cast<double>(line);
+    marks[line] = 1;
+  }
+  writer->take_marked(100, cells.data(), cells.size(), marks.data());
+  writer->flush();
+  ASSERT_EQ(blocks.size(), 1U);
+  ASSERT_EQ(written(), 3U);
+  EXPECT_EQ(blocks[0].block.key(1), 100U + 3 * cells_of_line + 3);
+  EXPECT_EQ(blocks[0].block.quantity(2), cotyp::floating(20.0, 0.0));
+  EXPECT_EQ(marks, std::vector<std::uint8_t>(32));
+}
+
 TEST_F(SumWriterTest, NothingMakesNoBlock) {
   writer->append(1, {0.0});
-  writer->append(1, nullptr, {});
+  writer->take(1, nullptr, 0);
   writer->flush();
   writer->flush();
   EXPECT_TRUE(blocks.empty());

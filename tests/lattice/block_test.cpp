@@ -76,6 +76,10 @@ TEST(Block, LowerBoundIsTheFirstKeyNotLess) {
     EXPECT_EQ(block.lower_bound(3 * step), 2U);
     EXPECT_EQ(block.lower_bound(3 * step + 1), 3U);
     EXPECT_EQ(block.lower_bound(~std::uint64_t{0}), 3U);
+    for (std::size_t near = 0; near <= 4; ++near) {
+      EXPECT_EQ(block.lower_bound(step + 1, near), 1U);
+      EXPECT_EQ(block.lower_bound(~std::uint64_t{0}, near), 3U);
+    }
   }
 }
 
@@ -159,6 +163,22 @@ TEST(Block, WithoutMemoryItIsAsItWas) {
   EXPECT_GE(fail_each_allocation(
                 block_of(points), [](Block& block) { static_cast<void>(block.split(1)); }, either),
             2);
+}
+
+TEST(Block, AKeyIsFoundFromWhereverTheSearchBegins) {
+  for (const std::uint64_t step : {std::uint64_t{3}, std::uint64_t{1} << 40U}) {
+    std::vector<std::uint64_t> keys;
+    for (std::uint64_t i = 0; i < 700; ++i) keys.push_back(100 + i * i % 7 + i * step * 7);
+    const Block block(keys, Column::zero(keys.size()), Column::zero(keys.size()));
+    for (std::size_t near = 0; near <= keys.size() + 100; near += 13) {
+      for (std::size_t i = 0; i < keys.size(); i += 7) {
+        ASSERT_EQ(block.lower_bound(keys[i], near), i);
+        ASSERT_EQ(block.lower_bound(keys[i] + 1, near), i + 1);
+        ASSERT_EQ(block.lower_bound(keys[i] - 1, near), i);
+      }
+      EXPECT_EQ(block.lower_bound(0, near), 0U);
+    }
+  }
 }
 
 }  // namespace
