@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <concepts>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
@@ -14,6 +15,7 @@
 #endif
 
 #include "algadd/find_present.h"
+#include "algadd/fraction_sum.h"
 #include "algadd/linear_arithmetic.h"
 #include "lattice/block.h"
 #include "numbers/vector_dispatch.h"
@@ -120,14 +122,19 @@ KOV_AVX512 inline void take_cells(ComplexSum<std::int32_t>* cells, __mmask16 mas
   }
 }
 
-KOV_AVX512 inline void take_cells(ComplexSum<double>* cells, __mmask16 mask, ComplexSum<double>* sums) {
+/// Two doubles a cell.
+template <class Sum>
+requires std::same_as<Sum, ComplexSum<double>> || std::same_as<Sum, FractionSum> KOV_AVX512 inline void
+take_cells(Sum* cells, __mmask16 mask, Sum* sums) {
+  const Sum absent{};
+  const __m512d absents = _mm512_broadcast_f64x2(_mm_loadu_pd(reinterpret_cast<const double*>(&absent)));
   for (std::size_t i = 0; i < 16; i += 4, cells += 4) {
     const unsigned some = static_cast<unsigned>(mask) >> i & 0xFU;
     // Both numbers of a cell go together: 0b1010 becomes 0b11001100.
     const unsigned apart = (some | some << 2U) & 0x33U;
     const unsigned pairs = ((apart | apart << 1U) & 0x55U) * 3U;
     _mm512_storeu_pd(sums, _mm512_maskz_compress_pd(static_cast<__mmask8>(pairs), _mm512_loadu_pd(cells)));
-    _mm512_storeu_pd(cells, _mm512_setzero_pd());
+    _mm512_storeu_pd(cells, absents);
     sums += std::popcount(some);
   }
 }

@@ -67,6 +67,8 @@ bool same_sum(const Sum& a, const Sum& b) {
     return same_bits(a, b);
   } else if constexpr (std::has_unique_object_representations_v<Sum>) {
     return std::memcmp(&a, &b, sizeof a) == 0;
+  } else if constexpr (std::is_same_v<Sum, FractionSum>) {
+    return same_sum(ComplexSum<double>{a.number, a.form}, ComplexSum<double>{b.number, b.form});
   } else {
     const auto bits = [](double x) { return std::bit_cast<std::uint64_t>(x); };
     bool same = bits(a.re) == bits(b.re);
