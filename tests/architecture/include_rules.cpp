@@ -48,9 +48,9 @@ bool may_use_qt(const Layer& layer) {
 }
 
 /// The standard library's headers have neither a folder nor an extension. What the processor's vectors can do
-/// comes with every compiler for it.
+/// comes with every compiler for it, how the allocator is set with the C library that it belongs to.
 bool is_standard_or_posix(const std::string& header) {
-  static constexpr std::array<std::string_view, 4> others = {"fcntl.h", "immintrin.h", "signal.h",
+  static constexpr std::array<std::string_view, 5> others = {"fcntl.h", "immintrin.h", "malloc.h", "signal.h",
                                                              "unistd.h"};
   return header.starts_with("sys/") || std::ranges::find(others, header) != others.end() ||
          header.find_first_of("./") == std::string::npos;
