@@ -50,8 +50,8 @@ std::optional<KeyFrame> KeyFrame::for_box(const KeyBox& box) {
 }
 
 // A bit more for a position spreads the keys in all positions above it: the first one may have it for
-// nothing, the others as long as everything lies within 32 bits. Lattice indices do not grow step by step; points of
-// one lattice stay as near each other as can be.
+// nothing, the others as long as everything lies within 32 bits. Lattice indices do not grow step by step;
+// points of one lattice stay as near each other as can be.
 std::optional<KeyFrame> KeyFrame::with_room(const KeyBox& box) {
   KeyBits bits = smallest_bits(box);
   int total = sum_of(bits);
