@@ -1,11 +1,14 @@
 #pragma once
 
+#include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <span>
 #include <utility>
 #include <vector>
 
+#include "lattice/bit_list.h"
 #include "lattice/block.h"
 #include "lattice/column.h"
 #include "numbers/checked_integer.h"
@@ -28,31 +31,68 @@ inline PartStates states_of(const cotyp& q) {
                                                                            << 1U);
 }
 
-/// 1 when an integer is in the exact range, else 0.
+/// 1 when an integer is in the exact range, else 0. The range reaches as far to both sides of -1/2, so one
+/// comparison of the distance from there does.
 KOV_INLINE inline unsigned within_exact_range(double x) {
-  return static_cast<unsigned>(x >= double{nu_min_int}) & static_cast<unsigned>(x <= double{nu_max_int});
+  return static_cast<unsigned>(std::abs(x + 0.5) <= nu_max_int + 0.5);
 }
 
 KOV_INLINE inline unsigned not_above_exact_range(double x) {
   return static_cast<unsigned>(x <= double{nu_max_int});
 }
 
-/// The quantities of a block as doubles with states.
-struct CountedBlock {
-  std::vector<double> re;
-  /// Empty where all imaginary parts are zeros.
-  std::vector<double> im;
-  std::vector<PartStates> states;
+/// The parts of a column as doubles: where they stand in the column, or made.
+class CountedParts {
+ public:
+  CountedParts() = default;
+  /// The column must outlive the parts.
+  explicit CountedParts(const Column& column);
+
+  const double* data() const { return made_.empty() ? in_column_ : made_.data(); }
+
+ private:
+  const double* in_column_ = nullptr;
+  std::vector<double> made_;
 };
 
+/// The quantities of a block as doubles with states. As one floating part of a factor makes a product
+/// floating in both, it is enough to know which quantities are exact in both parts. The block must outlive
+/// this.
+struct CountedBlock {
+  CountedParts re;
+  /// Of no parts where all imaginary parts are zeros.
+  CountedParts im;
+  BitList exact;
+};
+
+/// Of a block whose imaginary parts are zeros.
 CountedBlock counted_real_block(const Block& block);
 CountedBlock counted_complex_block(const Block& block);
-/// The column of parts whose states have the bit.
-Column counted_column(std::span<const double> parts, std::span<const PartStates> states, unsigned bit);
 
+/// f(i, product) for the quantities i < count of a piece; the products are those of
+/// Arithmetic::floating_product for stretches of quantities, and for factors, that are not exact, and those
+/// of Arithmetic::product elsewhere. Numbers change their state where they grow out of the exact range, so
+/// most pieces are all exact or all floating.
+template <class Arithmetic, class Function>
+KOV_INLINE inline void for_each_counted_product(const typename Arithmetic::Factor& p,
+                                                const typename Arithmetic::Values& q, std::size_t count,
+                                                const Function& f) {
+  constexpr std::size_t shortest_stretch = 8;
+  for (std::size_t i = 0; i < count;) {
+    const std::size_t exact =
+        p.states == both_exact ? q.exact->next_one(q.from + i, q.from + count) - q.from : count;
+    if (exact == count || exact - i >= shortest_stretch) {
+      for (; i < exact; ++i) f(i, Arithmetic::floating_product(p, q, i));
+    }
+    const std::size_t end = std::min(count, exact + shortest_stretch);
+    for (; i < end; ++i) f(i, Arithmetic::product(p, q, i));
+  }
+}
+
+/// The states take as many bytes as a double, so that a sum is written and read in two like pieces.
 struct CountedRealSum {
   double re = 0.0;
-  PartStates states = both_exact;
+  std::uint64_t states = both_exact;
 };
 
 inline bool is_absent(const CountedRealSum& sum) { return sum.re == 0.0; }
@@ -64,26 +104,42 @@ struct CountedRealArithmetic {
   using Prepared = CountedBlock;
   struct Values {
     const double* re;
-    const PartStates* states;
+    const BitList* exact;
+    std::size_t from;
+  };
+  /// A product that is floating in both parts.
+  struct FloatingProduct {
+    double re;
+    operator Sum() const { return {re, 0}; }
   };
 
   static Factor factor(const cotyp& p) { return {to_double(p.re), states_of(p)}; }
   static Prepared prepare(const Block& block) { return counted_real_block(block); }
   static Values values(const Prepared& block, std::size_t from) {
-    return {block.re.data() + from, block.states.data() + from};
+    return {block.re.data() + from, &block.exact, from};
   }
 
+  KOV_INLINE static FloatingProduct floating_product(const Factor& p, const Values& q, std::size_t i) {
+    return {p.re * q.re[i]};
+  }
   KOV_INLINE static Sum product(const Factor& p, const Values& q, std::size_t i) {
     const double re = p.re * q.re[i];
-    const bool exact = (p.states & q.states[i]) == both_exact;
-    const unsigned states = 2U | within_exact_range(re);
-    return {re, static_cast<PartStates>(exact ? states : 0U)};
+    const bool exact = p.states == both_exact && (*q.exact)[q.from + i];
+    return {re, exact ? 2U | within_exact_range(re) : 0U};
+  }
+  template <class Function>
+  KOV_INLINE static void for_each_product(const Factor& p, const Values& q, std::size_t count,
+                                          const Function& f) {
+    for_each_counted_product<CountedRealArithmetic>(p, q, count, f);
   }
   KOV_INLINE static void add(Sum& sum, const Sum& product) {
-    const unsigned before = sum.re == 0.0 ? both_exact : sum.states;
-    const double re = sum.re + product.re;
-    const unsigned in_range = 2U | within_exact_range(re);
-    sum = {re, static_cast<PartStates>(before & product.states & in_range)};
+    const std::uint64_t before = sum.re == 0.0 ? both_exact : sum.states;
+    sum.re += product.re;
+    sum.states = before & product.states & (2U | within_exact_range(sum.re));
+  }
+  KOV_INLINE static void add(Sum& sum, const FloatingProduct& product) {
+    sum.re += product.re;
+    sum.states = 0;
   }
   static std::pair<Column, Column> columns(std::span<const Sum> sums);
 };
@@ -91,7 +147,7 @@ struct CountedRealArithmetic {
 struct CountedSum {
   double re = 0.0;
   double im = 0.0;
-  PartStates states = both_exact;
+  std::uint64_t states = both_exact;
 };
 
 inline bool is_absent(const CountedSum& sum) { return sum.re == 0.0 && sum.im == 0.0; }
@@ -103,15 +159,25 @@ struct CountedComplexArithmetic {
   struct Values {
     const double* re;
     const double* im;
-    const PartStates* states;
+    const BitList* exact;
+    std::size_t from;
+  };
+  /// A product that is floating in both parts.
+  struct FloatingProduct {
+    double re;
+    double im;
+    operator Sum() const { return {re, im, 0}; }
   };
 
   static Factor factor(const cotyp& p) { return {to_double(p.re), to_double(p.im), states_of(p)}; }
   static Prepared prepare(const Block& block) { return counted_complex_block(block); }
   static Values values(const Prepared& block, std::size_t from) {
-    return {block.re.data() + from, block.im.data() + from, block.states.data() + from};
+    return {block.re.data() + from, block.im.data() + from, &block.exact, from};
   }
 
+  KOV_INLINE static FloatingProduct floating_product(const Factor& p, const Values& q, std::size_t i) {
+    return {p.re * q.re[i] - p.im * q.im[i], p.im * q.re[i] + p.re * q.im[i]};
+  }
   KOV_INLINE static Sum product(const Factor& p, const Values& q, std::size_t i) {
     const double t1 = p.im * q.im[i];
     const double t2 = p.re * q.re[i];
@@ -119,13 +185,18 @@ struct CountedComplexArithmetic {
     const double t4 = p.re * q.im[i];
     const double re = t2 - t1;
     const double im = t3 + t4;
-    const bool exact = (p.states & q.states[i]) == both_exact;
+    const bool exact = p.states == both_exact && (*q.exact)[q.from + i];
     // A difference from 0 is not tested against the range, which the negative of its smallest number is
     // beyond.
     const unsigned difference_exact = within_exact_range(re) | static_cast<unsigned>(t2 == 0.0);
     const unsigned re_exact = within_exact_range(t1) & within_exact_range(t2) & difference_exact;
     const unsigned im_exact = within_exact_range(t3) & within_exact_range(t4) & within_exact_range(im);
-    return {re, im, static_cast<PartStates>(exact ? re_exact | im_exact << 1U : 0U)};
+    return {re, im, exact ? re_exact | im_exact << 1U : 0U};
+  }
+  template <class Function>
+  KOV_INLINE static void for_each_product(const Factor& p, const Values& q, std::size_t count,
+                                          const Function& f) {
+    for_each_counted_product<CountedComplexArithmetic>(p, q, count, f);
   }
   KOV_INLINE static void add(Sum& sum, const Sum& product) {
     const double re = sum.re + product.re;
@@ -134,8 +205,13 @@ struct CountedComplexArithmetic {
     const unsigned re_exact =
         within_exact_range(re) & not_above_exact_range(sum.re) & not_above_exact_range(product.re);
     const unsigned in_range = re_exact | within_exact_range(im) << 1U;
-    const unsigned before = is_absent(sum) ? both_exact : sum.states & in_range;
-    sum = {re, im, static_cast<PartStates>(before & product.states)};
+    const std::uint64_t before = is_absent(sum) ? both_exact : sum.states & in_range;
+    sum = {re, im, before & product.states};
+  }
+  KOV_INLINE static void add(Sum& sum, const FloatingProduct& product) {
+    sum.re += product.re;
+    sum.im += product.im;
+    sum.states = 0;
   }
   static std::pair<Column, Column> columns(std::span<const Sum> sums);
 };

@@ -9,6 +9,7 @@
 #include <immintrin.h>
 #endif
 
+#include "algadd/counted_arithmetic.h"
 #include "algadd/linear_arithmetic.h"
 #include "numbers/vector_dispatch.h"
 
@@ -86,6 +87,21 @@ __attribute__((target("avx512f,avx512vl,avx512dq,avx512bw"))) inline __mmask16 p
   for (std::size_t part = 0; part < 4; ++part) {
     const unsigned parts = _mm512_cmp_pd_mask(_mm512_loadu_pd(cells + 4 * part), zero, _CMP_NEQ_UQ);
     unsigned pairs = (parts | parts >> 1U) & 0x55U;
+    pairs = (pairs | pairs >> 1U) & 0x33U;
+    pairs = (pairs | pairs >> 2U) & 0x0FU;
+    mask |= pairs << (4 * part);
+  }
+  return static_cast<__mmask16>(mask);
+}
+
+// A double and its states lie beside each other: of two bits a cell the lower one tells.
+__attribute__((target("avx512f,avx512vl,avx512dq,avx512bw"))) inline __mmask16 present_of_16(
+    const CountedRealSum* cells) {
+  const __m512d zero = _mm512_setzero_pd();
+  unsigned mask = 0;
+  for (std::size_t part = 0; part < 4; ++part) {
+    const unsigned parts = _mm512_cmp_pd_mask(_mm512_loadu_pd(cells + 4 * part), zero, _CMP_NEQ_UQ);
+    unsigned pairs = parts & 0x55U;
     pairs = (pairs | pairs >> 1U) & 0x33U;
     pairs = (pairs | pairs >> 2U) & 0x0FU;
     mask |= pairs << (4 * part);

@@ -26,7 +26,7 @@ using StepArithmetic =
                  CountedComplexArithmetic, FractionArithmetic, QuantityArithmetic>;
 
 /// The fastest arithmetic that certainly gives the bits of the literal reading for all factors and quantities
-/// of the plan. Looks at every block, and at the points of those alone whose parts are of both states.
+/// of the plan. Looks at the forms of every block's columns, at no point.
 StepArithmetic choose_arithmetic(const StepPlan& plan);
 
 }  // namespace kov

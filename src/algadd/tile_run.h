@@ -72,10 +72,13 @@ class TileRun {
   }
 
  private:
+  using Factor = typename Arithmetic::Factor;
+  using Values = typename Arithmetic::Values;
+
   // Sums that the first-level cache holds beside the sources; and so many that few of their lines are
   // touched.
   static constexpr std::int64_t cells_of_full_tile = std::max<std::int64_t>(1024, 49152 / sizeof(Sum));
-  static constexpr std::int64_t cells_of_marked_tile = sizeof(Sum) > 16 ? 16384 : 65536;
+  static constexpr std::int64_t cells_of_marked_tile = sizeof(Sum) > 8 ? 32768 : 65536;
   static constexpr std::size_t contributions_to_sort = 8192;
 
   void tile(TermPlaces& places, std::int64_t key, std::int64_t end) {
@@ -95,6 +98,17 @@ class TileRun {
     sort_and_add();
   }
 
+  /// f(i, factor times value i) for every i < count.
+  template <class Function>
+  KOV_INLINE static void for_each_product_of(const Factor& factor, const Values& values, std::size_t count,
+                                             const Function& f) {
+    if constexpr (requires { Arithmetic::for_each_product(factor, values, count, f); }) {
+      Arithmetic::for_each_product(factor, values, count, f);
+    } else {
+      for (std::size_t i = 0; i < count; ++i) f(i, Arithmetic::product(factor, values, i));
+    }
+  }
+
   /// f(packed destination, product) for every contribution of the tile, term by term.
   template <class Function>
   KOV_INLINE void for_each_product(const Function& f) {
@@ -106,14 +120,14 @@ class TileRun {
       const std::int64_t shift = term.shift;
       if (const std::uint32_t* const offsets = block.offsets()) {
         const std::int64_t base = static_cast<std::int64_t>(block.base()) + shift;
-        for (std::size_t i = 0; i < piece.count; ++i) {
-          f(base + offsets[piece.from + i], Arithmetic::product(factor, values, i));
-        }
+        for_each_product_of(factor, values, piece.count,
+                            [=, &f](std::size_t i, const auto& product)
+                                KOV_INLINE { f(base + offsets[piece.from + i], product); });
       } else {
         const std::uint64_t* const keys = block.keys() + piece.from;
-        for (std::size_t i = 0; i < piece.count; ++i) {
-          f(static_cast<std::int64_t>(keys[i]) + shift, Arithmetic::product(factor, values, i));
-        }
+        for_each_product_of(factor, values, piece.count,
+                            [=, &f](std::size_t i, const auto& product)
+                                KOV_INLINE { f(static_cast<std::int64_t>(keys[i]) + shift, product); });
       }
     }
   }
@@ -122,7 +136,7 @@ class TileRun {
     const auto cell_count = static_cast<std::size_t>(end - begin);
     room_.make_cells(cell_count);
     Sum* const cells = room_.cells.data();
-    for_each_product([=](std::int64_t key, const Sum& product)
+    for_each_product([=](std::int64_t key, const auto& product)
                          KOV_INLINE { Arithmetic::add(cells[key - begin], product); });
     const std::size_t present = find_present(cells, cell_count, room_.found.data());
     writer_->append(begin, cells, std::span<const std::uint32_t>(room_.found.data(), present));
@@ -134,7 +148,7 @@ class TileRun {
     room_.make_cells(cell_count);
     Sum* const cells = room_.cells.data();
     std::uint8_t* const marks = room_.marks.data();
-    for_each_product([=](std::int64_t key, const Sum& product) KOV_INLINE {
+    for_each_product([=](std::int64_t key, const auto& product) KOV_INLINE {
       const auto cell = static_cast<std::size_t>(key - begin);
       Arithmetic::add(cells[cell], product);
       marks[cell / cells_of_line] = 1;
@@ -149,7 +163,7 @@ class TileRun {
 
   void sort_and_add() {
     room_.products.clear();
-    for_each_product([this](std::int64_t key, const Sum& product) KOV_INLINE {
+    for_each_product([this](std::int64_t key, const auto& product) KOV_INLINE {
       room_.products.push_back({key, product});
     });
     sort_by_key(room_.products, room_.sorted);

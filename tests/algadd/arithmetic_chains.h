@@ -60,13 +60,16 @@ template <class Arithmetic>
 requires requires { typename Arithmetic::Prepared; }
 class ReadBlock<Arithmetic> {
  public:
-  ReadBlock(const Arithmetic&, const Block& block)
-      : prepared_(Arithmetic::prepare(block)), values_(Arithmetic::values(prepared_, 0)) {}
+  ReadBlock(const Arithmetic&, Block block)
+      : block_(std::move(block)),
+        prepared_(Arithmetic::prepare(block_)),
+        values_(Arithmetic::values(prepared_, 0)) {}
   ReadBlock(const ReadBlock&) = delete;
   ReadBlock& operator=(const ReadBlock&) = delete;
   const auto& values() const { return values_; }
 
  private:
+  Block block_;
   typename Arithmetic::Prepared prepared_;
   typename Arithmetic::Values values_;
 };
