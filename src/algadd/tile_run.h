@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "algadd/find_present.h"
-#include "algadd/key_sort.h"
+#include "algadd/hashed_sums.h"
 #include "algadd/step_plan.h"
 #include "algadd/step_sources.h"
 #include "algadd/sum_writer.h"
@@ -27,8 +27,7 @@ struct TileRoom {
   /// 0 between two tiles.
   std::vector<std::uint8_t> marks;
   std::vector<std::uint32_t> found;
-  std::vector<Keyed<Sum>> products;
-  std::vector<Keyed<Sum>> sorted;
+  HashedSums<Sum> hashed;
 
   /// Makes sure of so many cells, and of what belongs to them.
   void make_cells(std::size_t count) {
@@ -47,8 +46,8 @@ struct TileRoom {
 /// contributions in the literal order, and no heap has to merge the terms. A tile is one of two kinds:
 /// - scattered: a sum for every cell of a range of keys that fits the caches, of which all are looked through
 ///   where many are hit, and the marked lines where few are;
-/// - sorted: as many contributions as fit the caches, sorted by key, equal keys in order, and added up.
-/// The tiles of sparse matrix products and of bucket sorts: see docs/engine.md.
+/// - hashed: as many contributions as make no more sums than fit the caches, in a hash table.
+/// The tiles of sparse matrix products: see docs/engine.md.
 template <class Arithmetic>
 class TileRun {
  public:
@@ -79,7 +78,9 @@ class TileRun {
   // touched.
   static constexpr std::int64_t cells_of_full_tile = std::max<std::int64_t>(1024, 49152 / sizeof(Sum));
   static constexpr std::int64_t cells_of_marked_tile = sizeof(Sum) > 8 ? 32768 : 65536;
-  static constexpr std::size_t contributions_to_sort = 8192;
+  // Of a term: passing it by takes about as long as some ten contributions.
+  static constexpr std::size_t points_worth_a_tile = 24;
+  static constexpr std::size_t contributions_to_hash = 8192;
 
   void tile(TermPlaces& places, std::int64_t key, std::int64_t end) {
     const std::size_t terms = factors_.size();
@@ -89,13 +90,13 @@ class TileRun {
       return scatter(key, full_end);
     }
     const std::int64_t marked_end = std::min(end, key + cells_of_marked_tile);
-    if (places.key_behind(1 + 32 / terms) <= marked_end) {
+    if (places.key_behind(points_worth_a_tile) <= marked_end) {
       places.pass(marked_end, room_.pieces);
       return scatter_marked(key, marked_end);
     }
-    const std::size_t points = std::max<std::size_t>(64, contributions_to_sort / terms);
+    const std::size_t points = std::max<std::size_t>(64, contributions_to_hash / terms);
     places.pass(std::min(end, places.key_behind(points)), room_.pieces);
-    sort_and_add();
+    hash();
   }
 
   /// f(i, factor times value i) for every i < count.
@@ -109,27 +110,31 @@ class TileRun {
     }
   }
 
-  /// f(packed destination, product) for every contribution of the tile, term by term.
+  /// f(packed destination, product) for every contribution of a piece.
+  template <class Function>
+  KOV_INLINE void for_each_product_of_piece(const Piece& piece, const Function& f) {
+    const StepTerm& term = plan_.terms[piece.term];
+    const Block& block = plan_.streams[term.stream].block(piece.block);
+    const auto values = sources_.values(term.stream, piece, room_.values);
+    const auto factor = factors_[piece.term];
+    const std::int64_t shift = term.shift;
+    if (const std::uint32_t* const offsets = block.offsets()) {
+      const std::int64_t base = static_cast<std::int64_t>(block.base()) + shift;
+      for_each_product_of(factor, values, piece.count,
+                          [=, &f](std::size_t i, const auto& product)
+                              KOV_INLINE { f(base + offsets[piece.from + i], product); });
+    } else {
+      const std::uint64_t* const keys = block.keys() + piece.from;
+      for_each_product_of(factor, values, piece.count,
+                          [=, &f](std::size_t i, const auto& product)
+                              KOV_INLINE { f(static_cast<std::int64_t>(keys[i]) + shift, product); });
+    }
+  }
+
+  /// The same of the tile, term by term.
   template <class Function>
   KOV_INLINE void for_each_product(const Function& f) {
-    for (const Piece& piece : room_.pieces) {
-      const StepTerm& term = plan_.terms[piece.term];
-      const Block& block = plan_.streams[term.stream].block(piece.block);
-      const auto values = sources_.values(term.stream, piece, room_.values);
-      const auto factor = factors_[piece.term];
-      const std::int64_t shift = term.shift;
-      if (const std::uint32_t* const offsets = block.offsets()) {
-        const std::int64_t base = static_cast<std::int64_t>(block.base()) + shift;
-        for_each_product_of(factor, values, piece.count,
-                            [=, &f](std::size_t i, const auto& product)
-                                KOV_INLINE { f(base + offsets[piece.from + i], product); });
-      } else {
-        const std::uint64_t* const keys = block.keys() + piece.from;
-        for_each_product_of(factor, values, piece.count,
-                            [=, &f](std::size_t i, const auto& product)
-                                KOV_INLINE { f(static_cast<std::int64_t>(keys[i]) + shift, product); });
-      }
-    }
+    for (const Piece& piece : room_.pieces) for_each_product_of_piece(piece, f);
   }
 
   void scatter(std::int64_t begin, std::int64_t end) {
@@ -161,19 +166,14 @@ class TileRun {
     for (const std::uint32_t cell : found) cells[cell] = Sum{};
   }
 
-  void sort_and_add() {
-    room_.products.clear();
-    for_each_product([this](std::int64_t key, const auto& product) KOV_INLINE {
-      room_.products.push_back({key, product});
-    });
-    sort_by_key(room_.products, room_.sorted);
-    for (std::size_t i = 0; i < room_.products.size();) {
-      const std::int64_t key = room_.products[i].key;
-      Sum sum{};
-      for (; i < room_.products.size() && room_.products[i].key == key; ++i)
-        Arithmetic::add(sum, room_.products[i].value);
-      writer_->append(key, sum);
+  void hash() {
+    for (const Piece& piece : room_.pieces) {
+      room_.hashed.take(piece.count, [&](auto& sums) KOV_INLINE {
+        for_each_product_of_piece(piece, [&sums](std::int64_t key, const auto& product)
+                                             KOV_INLINE { Arithmetic::add(sums.at(key), product); });
+      });
     }
+    room_.hashed.drain([this](std::int64_t key, const Sum& sum) { writer_->append(key, sum); });
   }
 
   const StepPlan& plan_;
