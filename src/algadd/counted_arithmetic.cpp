@@ -9,16 +9,16 @@ namespace kov {
 namespace {
 
 template <class Sum>
-BitList states_of_part(std::span<const Sum> sums, unsigned bit) {
-  return BitList::made(sums.size(), [&](std::size_t i) { return (sums[i].states & bit) != 0; });
+BitList exact_parts_of(std::span<const Sum> sums, FloatingParts part) {
+  return BitList::made(sums.size(), [&](std::size_t i) { return (sums[i].floating & part) == 0; });
 }
 
-// The column of part(sum), exact where the states have the bit.
+// The column of value(sum), one part of it, exact where that part is not floating.
 template <class Sum, class Function>
-Column column_of(std::span<const Sum> sums, unsigned bit, const Function& part) {
+Column column_of(std::span<const Sum> sums, FloatingParts part, const Function& value) {
   std::array<double, block_capacity> parts;
-  for (std::size_t i = 0; i < sums.size(); ++i) parts[i] = part(sums[i]);
-  return finished_column(std::span<const double>(parts.data(), sums.size()), states_of_part(sums, bit));
+  for (std::size_t i = 0; i < sums.size(); ++i) parts[i] = value(sums[i]);
+  return finished_column(std::span<const double>(parts.data(), sums.size()), exact_parts_of(sums, part));
 }
 
 }  // namespace
@@ -42,13 +42,13 @@ CountedBlock counted_complex_block(const Block& block) {
 }
 
 std::pair<Column, Column> CountedRealArithmetic::columns(std::span<const Sum> sums) {
-  Column re = column_of(sums, 1U, [](const Sum& sum) { return sum.re; });
-  return {std::move(re), Column::zeros(states_of_part(sums, 2U))};
+  Column re = column_of(sums, re_floating, [](const Sum& sum) { return sum.re; });
+  return {std::move(re), Column::zeros(exact_parts_of(sums, im_floating))};
 }
 
 std::pair<Column, Column> CountedComplexArithmetic::columns(std::span<const Sum> sums) {
-  Column re = column_of(sums, 1U, [](const Sum& sum) { return sum.re; });
-  return {std::move(re), column_of(sums, 2U, [](const Sum& sum) { return sum.im; })};
+  Column re = column_of(sums, re_floating, [](const Sum& sum) { return sum.re; });
+  return {std::move(re), column_of(sums, im_floating, [](const Sum& sum) { return sum.im; })};
 }
 
 }  // namespace kov

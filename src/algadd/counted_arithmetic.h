@@ -31,14 +31,24 @@ inline PartStates states_of(const cotyp& q) {
                                                                            << 1U);
 }
 
-/// 1 when an integer is in the exact range, else 0. The range reaches as far to both sides of -1/2, so one
-/// comparison of the distance from there does.
-KOV_INLINE inline unsigned within_exact_range(double x) {
-  return static_cast<unsigned>(std::abs(x + 0.5) <= nu_max_int + 0.5);
+/// The floating parts of a sum or a product; none in a new one, which is all zeros.
+using FloatingParts = std::uint64_t;
+inline constexpr FloatingParts re_floating = 1;
+inline constexpr FloatingParts im_floating = 2;
+inline constexpr FloatingParts both_floating = 3;
+
+inline FloatingParts floating_parts_of(const cotyp& q) {
+  return both_floating & ~FloatingParts{states_of(q)};
 }
 
-KOV_INLINE inline unsigned not_above_exact_range(double x) {
-  return static_cast<unsigned>(x <= double{nu_max_int});
+/// 1 when an integer is beyond the exact range, else 0. The range reaches as far to both sides of -1/2, so
+/// one comparison of the distance from there does.
+KOV_INLINE inline FloatingParts beyond_exact_range(double x) {
+  return static_cast<FloatingParts>(std::abs(x + 0.5) > nu_max_int + 0.5);
+}
+
+KOV_INLINE inline FloatingParts above_exact_range(double x) {
+  return static_cast<FloatingParts>(x > double{nu_max_int});
 }
 
 /// The parts of a column as doubles: where they stand in the column, or made.
@@ -80,7 +90,7 @@ KOV_INLINE inline void for_each_counted_product(const typename Arithmetic::Facto
   constexpr std::size_t shortest_stretch = 8;
   for (std::size_t i = 0; i < count;) {
     const std::size_t exact =
-        p.states == both_exact ? q.exact->next_one(q.from + i, q.from + count) - q.from : count;
+        p.floating == 0 ? q.exact->next_one(q.from + i, q.from + count) - q.from : count;
     if (exact == count || exact - i >= shortest_stretch) {
       for (; i < exact; ++i) f(i, Arithmetic::floating_product(p, q, i));
     }
@@ -89,10 +99,10 @@ KOV_INLINE inline void for_each_counted_product(const typename Arithmetic::Facto
   }
 }
 
-/// The states take as many bytes as a double, so that a sum is written and read in two like pieces.
+/// What tells the floating parts takes as many bytes as a double: sums are written and read in like pieces.
 struct CountedRealSum {
   double re = 0.0;
-  std::uint64_t states = both_exact;
+  FloatingParts floating = 0;
 };
 
 inline bool is_absent(const CountedRealSum& sum) { return sum.re == 0.0; }
@@ -110,10 +120,11 @@ struct CountedRealArithmetic {
   /// A product that is floating in both parts.
   struct FloatingProduct {
     double re;
-    operator Sum() const { return {re, 0}; }
+    // NOLINTNEXTLINE(google-explicit-constructor): a floating product is a product
+    operator Sum() const { return {re, both_floating}; }
   };
 
-  static Factor factor(const cotyp& p) { return {to_double(p.re), states_of(p)}; }
+  static Factor factor(const cotyp& p) { return {to_double(p.re), floating_parts_of(p)}; }
   static Prepared prepare(const Block& block) { return counted_real_block(block); }
   static Values values(const Prepared& block, std::size_t from) {
     return {block.re.data() + from, &block.exact, from};
@@ -124,8 +135,8 @@ struct CountedRealArithmetic {
   }
   KOV_INLINE static Sum product(const Factor& p, const Values& q, std::size_t i) {
     const double re = p.re * q.re[i];
-    const bool exact = p.states == both_exact && (*q.exact)[q.from + i];
-    return {re, exact ? 2U | within_exact_range(re) : 0U};
+    const bool exact = p.floating == 0 && (*q.exact)[q.from + i];
+    return {re, exact ? beyond_exact_range(re) : both_floating};
   }
   template <class Function>
   KOV_INLINE static void for_each_product(const Factor& p, const Values& q, std::size_t count,
@@ -133,13 +144,13 @@ struct CountedRealArithmetic {
     for_each_counted_product<CountedRealArithmetic>(p, q, count, f);
   }
   KOV_INLINE static void add(Sum& sum, const Sum& product) {
-    const std::uint64_t before = sum.re == 0.0 ? both_exact : sum.states;
+    const FloatingParts before = sum.re == 0.0 ? 0 : sum.floating;
     sum.re += product.re;
-    sum.states = before & product.states & (2U | within_exact_range(sum.re));
+    sum.floating = before | product.floating | beyond_exact_range(sum.re);
   }
   KOV_INLINE static void add(Sum& sum, const FloatingProduct& product) {
     sum.re += product.re;
-    sum.states = 0;
+    sum.floating = both_floating;
   }
   static std::pair<Column, Column> columns(std::span<const Sum> sums);
 };
@@ -147,7 +158,7 @@ struct CountedRealArithmetic {
 struct CountedSum {
   double re = 0.0;
   double im = 0.0;
-  std::uint64_t states = both_exact;
+  FloatingParts floating = 0;
 };
 
 inline bool is_absent(const CountedSum& sum) { return sum.re == 0.0 && sum.im == 0.0; }
@@ -166,10 +177,11 @@ struct CountedComplexArithmetic {
   struct FloatingProduct {
     double re;
     double im;
-    operator Sum() const { return {re, im, 0}; }
+    // NOLINTNEXTLINE(google-explicit-constructor): a floating product is a product
+    operator Sum() const { return {re, im, both_floating}; }
   };
 
-  static Factor factor(const cotyp& p) { return {to_double(p.re), to_double(p.im), states_of(p)}; }
+  static Factor factor(const cotyp& p) { return {to_double(p.re), to_double(p.im), floating_parts_of(p)}; }
   static Prepared prepare(const Block& block) { return counted_complex_block(block); }
   static Values values(const Prepared& block, std::size_t from) {
     return {block.re.data() + from, block.im.data() + from, &block.exact, from};
@@ -185,13 +197,13 @@ struct CountedComplexArithmetic {
     const double t4 = p.re * q.im[i];
     const double re = t2 - t1;
     const double im = t3 + t4;
-    const bool exact = p.states == both_exact && (*q.exact)[q.from + i];
+    const bool exact = p.floating == 0 && (*q.exact)[q.from + i];
     // A difference from 0 is not tested against the range, which the negative of its smallest number is
     // beyond.
-    const unsigned difference_exact = within_exact_range(re) | static_cast<unsigned>(t2 == 0.0);
-    const unsigned re_exact = within_exact_range(t1) & within_exact_range(t2) & difference_exact;
-    const unsigned im_exact = within_exact_range(t3) & within_exact_range(t4) & within_exact_range(im);
-    return {re, im, exact ? re_exact | im_exact << 1U : 0U};
+    const FloatingParts difference = beyond_exact_range(re) & static_cast<FloatingParts>(t2 != 0.0);
+    const FloatingParts re_beyond = beyond_exact_range(t1) | beyond_exact_range(t2) | difference;
+    const FloatingParts im_beyond = beyond_exact_range(t3) | beyond_exact_range(t4) | beyond_exact_range(im);
+    return {re, im, exact ? re_beyond | im_beyond << 1U : both_floating};
   }
   template <class Function>
   KOV_INLINE static void for_each_product(const Factor& p, const Values& q, std::size_t count,
@@ -202,16 +214,16 @@ struct CountedComplexArithmetic {
     const double re = sum.re + product.re;
     const double im = sum.im + product.im;
     // Of the parts of exact products only the real one can be above the range: then no sum with it is exact.
-    const unsigned re_exact =
-        within_exact_range(re) & not_above_exact_range(sum.re) & not_above_exact_range(product.re);
-    const unsigned in_range = re_exact | within_exact_range(im) << 1U;
-    const std::uint64_t before = is_absent(sum) ? both_exact : sum.states & in_range;
-    sum = {re, im, before & product.states};
+    const FloatingParts re_beyond =
+        beyond_exact_range(re) | above_exact_range(sum.re) | above_exact_range(product.re);
+    const FloatingParts beyond = re_beyond | beyond_exact_range(im) << 1U;
+    const FloatingParts before = is_absent(sum) ? 0 : sum.floating | beyond;
+    sum = {re, im, before | product.floating};
   }
   KOV_INLINE static void add(Sum& sum, const FloatingProduct& product) {
     sum.re += product.re;
     sum.im += product.im;
-    sum.states = 0;
+    sum.floating = both_floating;
   }
   static std::pair<Column, Column> columns(std::span<const Sum> sums);
 };

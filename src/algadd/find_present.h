@@ -94,7 +94,7 @@ __attribute__((target("avx512f,avx512vl,avx512dq,avx512bw"))) inline __mmask16 p
   return static_cast<__mmask16>(mask);
 }
 
-// A double and its states lie beside each other: of two bits a cell the lower one tells.
+// A double and its floating parts lie beside each other: of two bits a cell the lower one tells.
 __attribute__((target("avx512f,avx512vl,avx512dq,avx512bw"))) inline __mmask16 present_of_16(
     const CountedRealSum* cells) {
   const __m512d zero = _mm512_setzero_pd();

@@ -65,23 +65,27 @@ TEST(CountedArithmetic, OverflowIsNoticed) {
 
 TEST(CountedArithmetic, ColumnsTakeTheSmallestForm) {
   const std::array<double, 3> parts = {1.0, -2147483647.0, 7.0};
-  const auto columns = [&](const std::array<PartStates, 3>& states) {
+  const auto columns = [&](const std::array<FloatingParts, 3>& floating) {
     std::array<CountedRealSum, 3> sums;
-    for (std::size_t i = 0; i < sums.size(); ++i) sums[i] = {parts[i], states[i]};
+    for (std::size_t i = 0; i < sums.size(); ++i) sums[i] = {parts[i], floating[i]};
     return CountedRealArithmetic::columns(sums);
   };
-  const auto re_form = [&](const std::array<PartStates, 3>& states) { return columns(states).first.form(); };
-  const auto im_form = [&](const std::array<PartStates, 3>& states) { return columns(states).second.form(); };
-  EXPECT_EQ(re_form({3, 3, 3}), PartForm::integers);
-  EXPECT_EQ(re_form({2, 0, 2}), PartForm::doubles);
-  EXPECT_EQ(re_form({3, 0, 2}), PartForm::mixed_integers);
-  EXPECT_EQ(im_form({3, 2, 2}), PartForm::zero);
-  EXPECT_EQ(im_form({3, 0, 2}), PartForm::mixed_zeros);
-  EXPECT_EQ(im_form({0, 0, 0}), PartForm::floating_zero);
+  const auto re_form = [&](const std::array<FloatingParts, 3>& floating) {
+    return columns(floating).first.form();
+  };
+  const auto im_form = [&](const std::array<FloatingParts, 3>& floating) {
+    return columns(floating).second.form();
+  };
+  EXPECT_EQ(re_form({0, 0, 0}), PartForm::integers);
+  EXPECT_EQ(re_form({1, 3, 1}), PartForm::doubles);
+  EXPECT_EQ(re_form({0, 3, 1}), PartForm::mixed_integers);
+  EXPECT_EQ(im_form({0, 1, 1}), PartForm::zero);
+  EXPECT_EQ(im_form({0, 3, 1}), PartForm::mixed_zeros);
+  EXPECT_EQ(im_form({3, 3, 3}), PartForm::floating_zero);
 }
 
 TEST(CountedArithmetic, ComplexColumnsTakeTheSmallestForm) {
-  const std::array<CountedSum, 2> sums = {CountedSum{1.0, 0.0, 2}, CountedSum{2.0, 0.0, 3}};
+  const std::array<CountedSum, 2> sums = {CountedSum{1.0, 0.0, re_floating}, CountedSum{2.0, 0.0, 0}};
   const auto [re, im] = CountedComplexArithmetic::columns(sums);
   EXPECT_EQ(re.form(), PartForm::mixed_integers);
   EXPECT_EQ(im.form(), PartForm::zero);
@@ -155,7 +159,7 @@ void expect_the_products_one_by_one(bool complex) {
         const typename Arithmetic::Sum expected = Arithmetic::product(factor, values, i);
         ASSERT_EQ(i, next++);
         ASSERT_EQ(product.re, expected.re);
-        ASSERT_EQ(product.states, expected.states);
+        ASSERT_EQ(product.floating, expected.floating);
         typename Arithmetic::Sum a{};
         typename Arithmetic::Sum b{};
         for (int twice = 0; twice < 2; ++twice) {
@@ -163,7 +167,7 @@ void expect_the_products_one_by_one(bool complex) {
           Arithmetic::add(b, expected);
         }
         ASSERT_EQ(a.re, b.re);
-        ASSERT_EQ(a.states, b.states);
+        ASSERT_EQ(a.floating, b.floating);
       });
       ASSERT_EQ(next, count);
     }
