@@ -9,6 +9,7 @@
 #include <immintrin.h>
 #endif
 
+#include "algadd/counted_arithmetic.h"
 #include "algadd/fraction_sum.h"
 #include "algadd/linear_arithmetic.h"
 #include "numbers/vector_dispatch.h"
@@ -77,6 +78,20 @@ KOV_AVX512 inline __mmask16 present_of_16(const ComplexSum<double>* cells) {
   for (std::size_t part = 0; part < 4; ++part) {
     const unsigned parts = _mm512_cmp_pd_mask(_mm512_loadu_pd(cells + 4 * part), zero, _CMP_NEQ_UQ);
     unsigned pairs = (parts | parts >> 1U) & 0x55U;
+    pairs = (pairs | pairs >> 1U) & 0x33U;
+    pairs = (pairs | pairs >> 2U) & 0x0FU;
+    mask |= pairs << (4 * part);
+  }
+  return static_cast<__mmask16>(mask);
+}
+
+// A double and its floating parts lie beside each other: of two bits a cell the lower one tells.
+KOV_AVX512 inline __mmask16 present_of_16(const CountedRealSum* cells) {
+  const __m512d zero = _mm512_setzero_pd();
+  unsigned mask = 0;
+  for (std::size_t part = 0; part < 4; ++part) {
+    const unsigned parts = _mm512_cmp_pd_mask(_mm512_loadu_pd(cells + 4 * part), zero, _CMP_NEQ_UQ);
+    unsigned pairs = parts & 0x55U;
     pairs = (pairs | pairs >> 1U) & 0x33U;
     pairs = (pairs | pairs >> 2U) & 0x0FU;
     mask |= pairs << (4 * part);

@@ -4,6 +4,7 @@
 #include <bit>
 #include <cstdint>
 #include <limits>
+#include <utility>
 
 #include "algadd/overflow_check.h"
 #include "numbers/vector_dispatch.h"
@@ -38,6 +39,11 @@ Column finished_column(std::span<const double> parts) {
 
 Column finished_column(std::span<const std::int32_t> parts) {
   return all_zero(parts) ? Column::zero(parts.size()) : Column::integers(parts);
+}
+
+Column finished_column(std::span<const double> parts, BitList exact) {
+  require_finite_parts(parts);
+  return Column::integers_and_doubles(parts, std::move(exact));
 }
 
 Column finished_column(std::span<const ratyp> parts) {

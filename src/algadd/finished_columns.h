@@ -12,6 +12,9 @@ namespace kov {
 Column finished_column(std::span<const double> parts);
 /// Exact integers of a new row.
 Column finished_column(std::span<const std::int32_t> parts);
+/// Exact integers of a new row where exact has a bit, floating parts elsewhere. Throws floating_overflow when
+/// one is not finite.
+Column finished_column(std::span<const double> parts, BitList exact);
 /// Parts of a new row, each exact or floating. Throws floating_overflow when one is not finite.
 Column finished_column(std::span<const ratyp> parts);
 

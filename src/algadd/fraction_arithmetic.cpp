@@ -10,8 +10,6 @@ namespace kov {
 
 namespace {
 
-bool in_exact_range(std::int64_t x) { return x >= nu_min_int && x <= nu_max_int; }
-
 // Most often one of them is 1.
 std::uint32_t divisor_of(std::int64_t a, std::int64_t b) {
   if (a == 1 || b == 1) return 1;

@@ -7,7 +7,6 @@
 #include <cstdint>
 #include <limits>
 
-#include "algadd/counted_arithmetic.h"
 #include "algadd/fraction_sum.h"
 #include "numbers/batch_gcd.h"
 #include "numbers/checked_integer.h"

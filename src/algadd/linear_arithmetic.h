@@ -131,4 +131,12 @@ struct ComplexArithmetic {
   }
 };
 
+/// Whether products are of numbers in vectors, and sums nothing but theirs.
+template <class Arithmetic>
+inline constexpr bool is_linear = false;
+template <class Numbers>
+inline constexpr bool is_linear<RealArithmetic<Numbers>> = true;
+template <class Numbers>
+inline constexpr bool is_linear<ComplexArithmetic<Numbers>> = true;
+
 }  // namespace kov

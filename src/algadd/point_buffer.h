@@ -14,6 +14,7 @@
 #include <immintrin.h>
 #endif
 
+#include "algadd/counted_arithmetic.h"
 #include "algadd/find_present.h"
 #include "algadd/fraction_sum.h"
 #include "algadd/linear_arithmetic.h"
@@ -122,10 +123,11 @@ KOV_AVX512 inline void take_cells(ComplexSum<std::int32_t>* cells, __mmask16 mas
   }
 }
 
-/// Two doubles a cell.
+/// Sixteen bytes a cell.
 template <class Sum>
-requires std::same_as<Sum, ComplexSum<double>> || std::same_as<Sum, FractionSum> KOV_AVX512 inline void
-take_cells(Sum* cells, __mmask16 mask, Sum* sums) {
+requires std::same_as<Sum, ComplexSum<double>> || std::same_as<Sum, FractionSum> ||
+    std::same_as<Sum, CountedRealSum>
+        KOV_AVX512 inline void take_cells(Sum* cells, __mmask16 mask, Sum* sums) {
   const Sum absent{};
   const __m512d absents = _mm512_broadcast_f64x2(_mm_loadu_pd(reinterpret_cast<const double*>(&absent)));
   for (std::size_t i = 0; i < 16; i += 4, cells += 4) {

@@ -38,15 +38,6 @@ PartFacts merged(const PartFacts& a, const PartFacts& b) {
           a.floating || b.floating};
 }
 
-// The imaginary parts of real numbers are zeros of both states as soon as the numbers are mixed.
-PartFacts facts_of_each(const Column& column) {
-  PartFacts facts{.floating = true};
-  for (std::size_t i = 0; i < column.size() && !(facts.fractions && facts.doubles); ++i) {
-    facts = merged(facts, facts_of(column.get(i)));
-  }
-  return facts;
-}
-
 PartFacts facts_of(const Column& column) {
   switch (column.form()) {
     case PartForm::zero:
@@ -59,10 +50,14 @@ PartFacts facts_of(const Column& column) {
       return {.integers = true, .fractions = true};
     case PartForm::doubles:
       return {.doubles = true, .floating = true};
+    case PartForm::mixed_zeros:
+      return {.floating = true};
+    case PartForm::mixed_integers:
+      return {.integers = true, .doubles = true, .floating = true};
     case PartForm::mixed:
       break;
   }
-  return facts_of_each(column);
+  return {.integers = true, .fractions = true, .doubles = true, .floating = true};
 }
 
 /// What is known of all factors, or of all quantities that the terms read.

@@ -25,8 +25,8 @@ using StepArithmetic =
                  RealArithmetic<DoubleNumbers>, ComplexArithmetic<DoubleNumbers>, CountedRealArithmetic,
                  CountedComplexArithmetic, FractionArithmetic, QuantityArithmetic>;
 
-/// The fastest arithmetic that certainly gives the bits of AddLpairToLmap_1 for all factors and quantities of
-/// the plan. Looks at every block, and at the points of those alone whose parts are of both states.
+/// The fastest arithmetic that certainly gives the bits of AddLpairToLmap_1 for all factors and quantities
+/// of the plan. Looks at the forms of every block's columns, at no point.
 StepArithmetic choose_arithmetic(const StepPlan& plan);
 
 }  // namespace kov

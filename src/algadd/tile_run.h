@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "algadd/find_present.h"
-#include "algadd/key_sort.h"
+#include "algadd/hashed_sums.h"
 #include "algadd/spaced_points.h"
 #include "algadd/step_plan.h"
 #include "algadd/step_sources.h"
@@ -27,8 +27,7 @@ struct TileRoom {
   std::vector<Sum> cells;
   /// 0 between two tiles.
   std::vector<std::uint8_t> marks;
-  std::vector<Keyed<Sum>> products;
-  std::vector<Keyed<Sum>> sorted;
+  HashedSums<Sum> hashed;
 
   /// Makes sure of so many cells, and of what belongs to them.
   void make_cells(std::size_t count) {
@@ -46,13 +45,12 @@ struct TileRoom {
 /// contributions in the literal order, and no heap has to merge the terms. A tile is one of two kinds:
 /// - scattered: a sum for every cell of a range of keys that fits the caches, of which all are looked through
 ///   where many are hit, and the marked lines where few are;
-/// - sorted: as many contributions as fit the caches, sorted by key, equal keys in order, and added up.
-/// The tiles of sparse matrix products and of bucket sorts: see docs/engine.md.
+/// - hashed: as many contributions as make no more sums than fit the caches, in a hash table.
+/// The tiles of sparse matrix products: see docs/engine.md.
 template <class Arithmetic>
 class TileRun {
  public:
   using Sum = typename Arithmetic::Sum;
-  using Factor = typename Arithmetic::Factor;
 
   TileRun(const StepPlan& plan, const Arithmetic& arithmetic, const StepSources<Arithmetic>& sources,
           TileRoom<Arithmetic>& room, std::vector<BoundedBlock>& blocks)
@@ -72,12 +70,17 @@ class TileRun {
   }
 
  private:
+  using Factor = typename Arithmetic::Factor;
+  using Values = typename Arithmetic::Values;
+
   // Sums that the first-level cache holds beside the sources; and so many that few of their lines are
   // touched.
   static constexpr std::int64_t cells_of_full_tile = std::max<std::int64_t>(1024, 49152 / sizeof(Sum));
-  static constexpr std::int64_t cells_of_marked_tile = sizeof(Sum) > 16 ? 16384 : 65536;
+  static constexpr std::int64_t cells_of_marked_tile = sizeof(Sum) > 8 ? 32768 : 65536;
+  // Of a term: passing it by takes about as long as some ten contributions.
+  static constexpr std::size_t points_worth_a_tile = 24;
   static constexpr std::size_t contributions_of_marked_tile = 4096;
-  static constexpr std::size_t contributions_to_sort = 8192;
+  static constexpr std::size_t contributions_to_hash = 8192;
 
   void tile(TermPlaces& places, std::int64_t key, std::int64_t end) {
     const std::size_t terms = factors_.size();
@@ -89,81 +92,81 @@ class TileRun {
     // Not far into a denser part of the row.
     const std::int64_t marked_end = std::min(
         {end, key + cells_of_marked_tile, places.key_behind(1 + contributions_of_marked_tile / terms)});
-    if (places.key_behind(1 + 32 / terms) <= marked_end) {
+    if (places.key_behind(points_worth_a_tile) <= marked_end) {
       places.pass(marked_end, room_.pieces);
       return scatter_marked(key, marked_end);
     }
-    const std::size_t points = std::max<std::size_t>(64, contributions_to_sort / terms);
+    const std::size_t points = std::max<std::size_t>(64, contributions_to_hash / terms);
     places.pass(std::min(end, places.key_behind(points)), room_.pieces);
-    sort_and_add();
+    hash();
   }
 
-  /// f(block, piece, distance, factor, values of the piece) for every piece of the tile, term by term.
+  /// f(i, factor times value i) for every i < count.
   template <class Function>
-  KOV_INLINE void for_each_piece(const Function& f) {
-    for (const Piece& piece : room_.pieces) {
-      const StepTerm& term = plan_.terms[piece.term];
-      const Block& block = plan_.streams[term.stream].block(piece.block);
-      f(block, piece, term.shift, factors_[piece.term], sources_.values(term.stream, piece, room_.values));
+  KOV_INLINE static void for_each_product_of(const Factor& factor, const Values& values, std::size_t count,
+                                             const Function& f) {
+    if constexpr (requires { Arithmetic::for_each_product(factor, values, count, f); }) {
+      Arithmetic::for_each_product(factor, values, count, f);
+    } else {
+      for (std::size_t i = 0; i < count; ++i) f(i, Arithmetic::product(factor, values, i));
     }
   }
 
-  /// f(packed destination, product) for every contribution of the tile, term by term.
+  /// f(packed destination, product) for every contribution of a piece.
   template <class Function>
-  KOV_INLINE void for_each_product(const Function& f) {
-    for_each_piece([&f](const Block& block, const Piece& piece, std::int64_t shift, const Factor& factor,
-                        const auto& values) KOV_INLINE {
-      if (const std::uint32_t* const offsets = block.offsets()) {
-        const std::int64_t base = static_cast<std::int64_t>(block.base()) + shift;
-        for (std::size_t i = 0; i < piece.count; ++i) {
-          f(base + offsets[piece.from + i], Arithmetic::product(factor, values, i));
-        }
-      } else {
-        const std::uint64_t* const keys = block.keys() + piece.from;
-        for (std::size_t i = 0; i < piece.count; ++i) {
-          f(static_cast<std::int64_t>(keys[i]) + shift, Arithmetic::product(factor, values, i));
-        }
-      }
-    });
+  KOV_INLINE void for_each_product_of_piece(const Piece& piece, const Function& f) {
+    const StepTerm& term = plan_.terms[piece.term];
+    const Block& block = plan_.streams[term.stream].block(piece.block);
+    const auto values = sources_.values(term.stream, piece, room_.values);
+    const auto factor = factors_[piece.term];
+    const std::int64_t shift = term.shift;
+    if (const std::uint32_t* const offsets = block.offsets()) {
+      const std::int64_t base = static_cast<std::int64_t>(block.base()) + shift;
+      for_each_product_of(factor, values, piece.count,
+                          [=, &f](std::size_t i, const auto& product)
+                              KOV_INLINE { f(base + offsets[piece.from + i], product); });
+    } else {
+      const std::uint64_t* const keys = block.keys() + piece.from;
+      for_each_product_of(factor, values, piece.count,
+                          [=, &f](std::size_t i, const auto& product)
+                              KOV_INLINE { f(static_cast<std::int64_t>(keys[i]) + shift, product); });
+    }
   }
 
-  /// Adds the pieces of the tile as wholes where the arithmetic does that; whether it does.
-  bool add_pieces([[maybe_unused]] std::int64_t begin, [[maybe_unused]] std::uint8_t* marks) {
+  /// Adds the contributions of a piece to the cells, the first of which has the key begin.
+  void add(const Piece& piece, std::int64_t begin) {
+    const StepTerm& term = plan_.terms[piece.term];
+    const Block& block = plan_.streams[term.stream].block(piece.block);
+    const Factor& factor = factors_[piece.term];
+    Sum* const cells = room_.cells.data();
     if constexpr (requires { &Arithmetic::add_products; }) {
-      for (const Piece& piece : room_.pieces) {
-        const StepTerm& term = plan_.terms[piece.term];
-        const CellsOfPoints places(plan_.streams[term.stream].block(piece.block), piece.from,
-                                   term.shift - begin);
-        const auto values = sources_.values(term.stream, piece, room_.values);
-        Arithmetic::add_products(factors_[piece.term], values, places, piece.count, room_.cells.data());
-        if (marks == nullptr) continue;
-        for (std::size_t i = 0; i < piece.count; ++i) marks[places[i] / cells_of_line] = 1;
+      const CellsOfPoints places(block, piece.from, term.shift - begin);
+      Arithmetic::add_products(factor, sources_.values(term.stream, piece, room_.values), places, piece.count,
+                               cells);
+      return;
+    } else if constexpr (is_linear<Arithmetic>) {
+      if (const std::uint32_t* const offsets = block.offsets()) {
+        const std::int64_t first = static_cast<std::int64_t>(block.base()) + term.shift - begin;
+        return add_products<Arithmetic>(cells, first, offsets + piece.from, piece.count, factor,
+                                        sources_.values(term.stream, piece, room_.values));
       }
-      return true;
     }
-    return false;
+    for_each_product_of_piece(piece, [=](std::int64_t key, const auto& product)
+                                         KOV_INLINE { Arithmetic::add(cells[key - begin], product); });
   }
 
   void scatter(std::int64_t begin, std::int64_t end) {
     const auto cell_count = static_cast<std::size_t>(end - begin);
     room_.make_cells(cell_count);
-    Sum* const cells = room_.cells.data();
-    if (!add_pieces(begin, nullptr)) {
-      for_each_piece([=](const Block& block, const Piece& piece, std::int64_t shift, const Factor& factor,
-                         const auto& values) KOV_INLINE {
-        if (const std::uint32_t* const offsets = block.offsets()) {
-          const std::int64_t first = static_cast<std::int64_t>(block.base()) + shift - begin;
-          add_products<Arithmetic>(cells, first, offsets + piece.from, piece.count, factor, values);
-        } else {
-          const std::uint64_t* const keys = block.keys() + piece.from;
-          for (std::size_t i = 0; i < piece.count; ++i) {
-            Arithmetic::add(cells[static_cast<std::int64_t>(keys[i]) + shift - begin],
-                            Arithmetic::product(factor, values, i));
-          }
-        }
-      });
-    }
-    writer_->take(begin, cells, cell_count);
+    for (const Piece& piece : room_.pieces) add(piece, begin);
+    writer_->take(begin, room_.cells.data(), cell_count);
+  }
+
+  /// Marks the lines of the cells that the piece adds to.
+  void mark(const Piece& piece, std::int64_t begin) {
+    const StepTerm& term = plan_.terms[piece.term];
+    const CellsOfPoints places(plan_.streams[term.stream].block(piece.block), piece.from, term.shift - begin);
+    for (std::size_t i = 0; i < piece.count; ++i) room_.marks[places[i] / cells_of_line] = 1;
   }
 
   void scatter_marked(std::int64_t begin, std::int64_t end) {
@@ -171,36 +174,36 @@ class TileRun {
     room_.make_cells(cell_count);
     Sum* const cells = room_.cells.data();
     std::uint8_t* const marks = room_.marks.data();
-    if (!add_pieces(begin, marks)) {
-      for_each_product([=](std::int64_t key, const Sum& product) KOV_INLINE {
-        const auto cell = static_cast<std::size_t>(key - begin);
-        Arithmetic::add(cells[cell], product);
-        marks[cell / cells_of_line] = 1;
-      });
+    for (const Piece& piece : room_.pieces) {
+      if constexpr (requires { &Arithmetic::add_products; }) {
+        add(piece, begin);
+        mark(piece, begin);
+      } else {
+        for_each_product_of_piece(piece, [=](std::int64_t key, const auto& product) KOV_INLINE {
+          const auto cell = static_cast<std::size_t>(key - begin);
+          Arithmetic::add(cells[cell], product);
+          marks[cell / cells_of_line] = 1;
+        });
+      }
     }
     writer_->take_marked(begin, cells, cell_count, marks);
   }
 
-  void sort_and_add() {
-    room_.products.clear();
-    for_each_product([this](std::int64_t key, const Sum& product) KOV_INLINE {
-      room_.products.push_back({key, product});
-    });
-    sort_by_key(room_.products, room_.sorted);
-    for (std::size_t i = 0; i < room_.products.size();) {
-      const std::int64_t key = room_.products[i].key;
-      Sum sum{};
-      for (; i < room_.products.size() && room_.products[i].key == key; ++i)
-        Arithmetic::add(sum, room_.products[i].value);
-      writer_->append(key, sum);
+  void hash() {
+    for (const Piece& piece : room_.pieces) {
+      room_.hashed.take(piece.count, [&](auto& sums) KOV_INLINE {
+        for_each_product_of_piece(piece, [&sums](std::int64_t key, const auto& product)
+                                             KOV_INLINE { Arithmetic::add(sums.at(key), product); });
+      });
     }
+    room_.hashed.drain([this](std::int64_t key, const Sum& sum) { writer_->append(key, sum); });
   }
 
   const StepPlan& plan_;
   const Arithmetic& arithmetic_;
   const StepSources<Arithmetic>& sources_;
   TileRoom<Arithmetic>& room_;
-  std::vector<Factor> factors_;
+  std::vector<typename Arithmetic::Factor> factors_;
   std::unique_ptr<SumWriter<Arithmetic>> writer_;
 };
 

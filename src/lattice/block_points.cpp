@@ -18,6 +18,8 @@ bool square_is_of_double(const Column& column) noexcept {
     case PartForm::integers:
       return column.denominator() == 1;
     case PartForm::fractions:
+    case PartForm::mixed_zeros:
+    case PartForm::mixed_integers:
     case PartForm::mixed:
       break;
   }
@@ -25,7 +27,8 @@ bool square_is_of_double(const Column& column) noexcept {
 }
 
 bool takes_no_place(const Column& column) noexcept {
-  return column.form() == PartForm::zero || column.form() == PartForm::floating_zero;
+  return column.form() == PartForm::zero || column.form() == PartForm::floating_zero ||
+         column.form() == PartForm::mixed_zeros;
 }
 
 /// The coordinate at one position of packed keys.

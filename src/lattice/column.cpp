@@ -35,12 +35,15 @@ std::uint32_t largest_magnitude(std::span<const T> parts) noexcept {
 
 bool is_floating_zero(const ratyp& part) noexcept { return !part.exact() && part.fl() == 0.0; }
 
+bool is_fraction(const ratyp& part) noexcept { return part.exact() && part.de() != 1; }
+
 bool is_exact_zero(const ratyp& part) noexcept { return part.exact() && part.nu() == 0; }
 
 }  // namespace
 
 Column::Column(const Column& other)
     : parts_(copied(other.parts_)),
+      exact_(other.exact_),
       size_(other.size_),
       largest_(other.largest_),
       denominator_(other.denominator_),
@@ -48,6 +51,7 @@ Column::Column(const Column& other)
 
 Column& Column::operator=(Column other) noexcept {
   parts_ = std::move(other.parts_);
+  exact_ = std::move(other.exact_);
   size_ = other.size_;
   largest_ = other.largest_;
   denominator_ = other.denominator_;
@@ -117,24 +121,40 @@ Column Column::exact(std::span<const Fraction32> parts) {
   return integers(numerators, *denominator);
 }
 
+Column Column::zeros(BitList exact) {
+  const std::size_t count = exact.size();
+  const std::size_t exact_zeros = exact.count_ones();
+  if (exact_zeros == count) return zero(count);
+  if (exact_zeros == 0) return floating_zero(count);
+  return {PartForm::mixed_zeros, count, std::monostate(), std::move(exact)};
+}
+
+Column Column::integers_and_doubles(std::span<const double> parts, BitList exact) {
+  if (std::all_of(parts.begin(), parts.end(), [](double part) { return part == 0.0; })) {
+    return zeros(std::move(exact));
+  }
+  const std::size_t exact_count = exact.count_ones();
+  if (exact_count == 0) return doubles(parts);
+  if (exact_count == parts.size()) return integers(std::vector<std::int32_t>(parts.begin(), parts.end()));
+  return {PartForm::mixed_integers, parts.size(), std::vector<double>(parts.begin(), parts.end()),
+          std::move(exact)};
+}
+
 Column Column::mixed_of(std::span<const ratyp> parts) {
-  std::vector<MixedPart> values(parts.size());
-  std::transform(parts.begin(), parts.end(), values.begin(), mixed);
-  return {PartForm::mixed, parts.size(), std::move(values)};
+  BitList exact = BitList::made(parts.size(), [&](std::size_t i) { return parts[i].exact(); });
+  if (std::any_of(parts.begin(), parts.end(), is_fraction)) {
+    std::vector<MixedPart> values(parts.size());
+    std::transform(parts.begin(), parts.end(), values.begin(), mixed);
+    return {PartForm::mixed, parts.size(), std::move(values), std::move(exact)};
+  }
+  std::vector<double> values(parts.size());
+  std::transform(parts.begin(), parts.end(), values.begin(), to_double);
+  return integers_and_doubles(values, std::move(exact));
 }
 
 Column::MixedPart Column::mixed(const ratyp& part) noexcept {
-  MixedPart result{.value = {}, .exact = part.exact()};
-  if (part.exact()) {
-    result.value = std::bit_cast<std::array<std::byte, 8>>(Fraction32{part.nu(), part.de()});
-  } else {
-    result.value = std::bit_cast<std::array<std::byte, 8>>(part.fl());
-  }
-  return result;
-}
-
-ratyp Column::value(const MixedPart& part) noexcept {
-  return part.exact ? value(std::bit_cast<Fraction32>(part.value)) : value(std::bit_cast<double>(part.value));
+  if (part.exact()) return {std::bit_cast<std::uint64_t>(Fraction32{part.nu(), part.de()})};
+  return {std::bit_cast<std::uint64_t>(part.fl())};
 }
 
 ratyp Column::value(std::int32_t numerator) const noexcept {
@@ -155,30 +175,55 @@ void Column::note(const ratyp& part) noexcept {
   }
 }
 
+BitList Column::exact_parts() const {
+  if (is_mixed()) return exact_;
+  return BitList(size_, form_ != PartForm::floating_zero && form_ != PartForm::doubles);
+}
+
 std::size_t Column::bytes() const noexcept {
-  std::size_t bytes = 0;
-  on_vector(parts_, [&](const auto& vector) { bytes = vector.size() * sizeof(vector[0]); });
+  std::size_t bytes = exact_.bytes();
+  on_vector(parts_, [&](const auto& vector) { bytes += vector.size() * sizeof(vector[0]); });
   return bytes;
 }
 
 ratyp Column::get_other(std::size_t i) const noexcept {
+  if (is_mixed()) return get_mixed(i);
   ratyp part = form_ == PartForm::floating_zero ? ratyp::floating(0.0) : ratyp();
-  on_vector(parts_, [&](const auto& vector) { part = value(vector[i]); });
+  on_vector(parts_, [&]<class T>(const T& vector) {
+    if constexpr (!std::is_same_v<T, std::vector<MixedPart>>) part = value(vector[i]);
+  });
   return part;
 }
 
+ratyp Column::get_mixed(std::size_t i) const noexcept {
+  const bool exact = exact_[i];
+  if (const MixedPart* const parts = array<MixedPart>()) {
+    return exact ? value(std::bit_cast<Fraction32>(parts[i].bits))
+                 : value(std::bit_cast<double>(parts[i].bits));
+  }
+  const double* const values = doubles();
+  const double part = values ? values[i] : 0.0;
+  return exact ? ratyp(static_cast<std::int32_t>(part)) : value(part);
+}
+
 void Column::decode(std::size_t first, std::span<ratyp> out) const noexcept {
+  if (is_mixed()) {
+    for (std::size_t i = 0; i < out.size(); ++i) out[i] = get_mixed(first + i);
+    return;
+  }
   if (std::holds_alternative<std::monostate>(parts_)) {
     std::fill(out.begin(), out.end(), form_ == PartForm::zero ? ratyp() : ratyp::floating(0.0));
   }
-  on_vector(parts_, [&](const auto& vector) {
-    for (std::size_t i = 0; i < out.size(); ++i) out[i] = value(vector[first + i]);
+  on_vector(parts_, [&]<class T>(const T& vector) {
+    if constexpr (!std::is_same_v<T, std::vector<MixedPart>>) {
+      for (std::size_t i = 0; i < out.size(); ++i) out[i] = value(vector[first + i]);
+    }
   });
 }
 
 // A quotient of integers is the double nearest to it, reduced or not.
 void Column::decode(std::size_t first, std::span<double> out) const noexcept {
-  if (const double* values = doubles()) {
+  if (const double* const values = doubles()) {
     std::copy_n(values + first, out.size(), out.begin());
   } else if (const std::int32_t* numerators = integers()) {
     std::transform(numerators + first, numerators + first + out.size(), out.begin(),
@@ -201,6 +246,9 @@ Column Column::picked(std::span<const std::uint32_t> indices) const {
     for (std::size_t i = 0; i < indices.size(); ++i) taken[i] = vector[indices[i]];
   });
   column.largest_ = largest_;
+  if (is_mixed()) {
+    column.exact_ = BitList::made(indices.size(), [&](std::size_t i) { return exact_[indices[i]]; });
+  }
   return column;
 }
 
@@ -217,6 +265,10 @@ bool Column::takes(const ratyp& part) const noexcept {
       return part.exact();
     case PartForm::doubles:
       return !part.exact();
+    case PartForm::mixed_zeros:
+      return is_exact_zero(part) || is_floating_zero(part);
+    case PartForm::mixed_integers:
+      return !is_fraction(part);
     case PartForm::mixed:
       break;
   }
@@ -234,6 +286,7 @@ void Column::make_fit(const ratyp& part) {
 
 void Column::reserve_one() {
   on_vector(parts_, [](auto& vector) { kov::reserve_one(vector); });
+  if (is_mixed()) exact_.reserve_one();
 }
 
 void Column::insert(std::size_t i, const ratyp& part) noexcept {
@@ -241,12 +294,14 @@ void Column::insert(std::size_t i, const ratyp& part) noexcept {
     const auto place = vector.emplace(vector.begin() + static_cast<std::ptrdiff_t>(i));
     encode(part, *place);
   });
+  if (is_mixed()) exact_.insert(i, part.exact());
   note(part);
   ++size_;
 }
 
 void Column::set(std::size_t i, const ratyp& part) noexcept {
   on_vector(parts_, [&](auto& vector) { encode(part, vector[i]); });
+  if (is_mixed()) exact_.set(i, part.exact());
   note(part);
 }
 
@@ -255,6 +310,7 @@ void Column::erase(std::size_t first, std::size_t count) noexcept {
     const auto begin = vector.begin() + static_cast<std::ptrdiff_t>(first);
     vector.erase(begin, begin + static_cast<std::ptrdiff_t>(count));
   });
+  if (is_mixed()) exact_.erase(first, count);
   size_ -= static_cast<std::uint32_t>(count);
 }
 
@@ -263,11 +319,13 @@ void Column::keep(std::span<const std::uint32_t> indices) noexcept {
     for (std::size_t i = 0; i < indices.size(); ++i) vector[i] = vector[indices[i]];
     vector.erase(vector.begin() + static_cast<std::ptrdiff_t>(indices.size()), vector.end());
   });
+  if (is_mixed()) exact_.keep(indices);
   size_ = static_cast<std::uint32_t>(indices.size());
 }
 
 void Column::shrink() noexcept {
   on_vector(parts_, [](auto& vector) { give_back(vector); });
+  exact_.shrink();
 }
 
 }  // namespace kov

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
 #include <variant>
 #include <vector>
 
+#include "lattice/bit_list.h"
 #include "lattice/part_form.h"
 #include "numbers/ratyp.h"
 
@@ -37,6 +37,10 @@ class Column {
   static Column exact(std::span<const Fraction32> parts);
   /// None is -0.0.
   static Column doubles(std::span<const double> parts);
+  /// Zeros, exact where exact has a bit and floating elsewhere; exact has a bit a part.
+  static Column zeros(BitList exact);
+  /// Integers where exact has a bit, floating numbers elsewhere, none of them -0.0; exact has a bit a part.
+  static Column integers_and_doubles(std::span<const double> parts, BitList exact);
   /// In the smallest form that holds them all.
   static Column of(std::span<const ratyp> parts);
 
@@ -61,8 +65,10 @@ class Column {
   std::int32_t denominator() const noexcept { return denominator_; }
   /// nullptr unless the form is fractions.
   const Fraction32* fractions() const noexcept { return array<Fraction32>(); }
-  /// nullptr unless the form is doubles.
+  /// The floating values of all parts; nullptr unless the form is doubles or mixed_integers.
   const double* doubles() const noexcept { return array<double>(); }
+  /// Which parts are exact.
+  BitList exact_parts() const;
   /// No numerator of the integers or fractions is larger in magnitude. Edits may leave it too large.
   std::uint32_t largest_numerator() const noexcept { return largest_; }
 
@@ -85,21 +91,23 @@ class Column {
   void shrink() noexcept;
 
  private:
-  /// The bits of a Fraction32 or of a double; in bytes, so that 9 of them follow each other.
+  /// The bits of a Fraction32 or of a double.
   struct MixedPart {
-    std::array<std::byte, 8> value;
-    bool exact;
+    std::uint64_t bits;
   };
-  static_assert(sizeof(MixedPart) == 9);
 
   using Parts = std::variant<std::monostate, std::vector<std::int32_t>, std::vector<Fraction32>,
                              std::vector<double>, std::vector<MixedPart>>;
 
-  Column(PartForm form, std::size_t count, Parts parts) noexcept
-      : parts_(std::move(parts)), size_(static_cast<std::uint32_t>(count)), form_(form) {}
+  Column(PartForm form, std::size_t count, Parts parts, BitList exact = {}) noexcept
+      : parts_(std::move(parts)),
+        exact_(std::move(exact)),
+        size_(static_cast<std::uint32_t>(count)),
+        form_(form) {}
   static Column exact_of(std::span<const ratyp> parts);
   static Column mixed_of(std::span<const ratyp> parts);
   static MixedPart mixed(const ratyp& part) noexcept;
+  bool is_mixed() const noexcept { return form_ >= PartForm::mixed_zeros; }
 
   template <class T>
   const T* array() const noexcept {
@@ -118,16 +126,18 @@ class Column {
   ratyp value(std::int32_t numerator) const noexcept;
   static ratyp value(Fraction32 part) noexcept { return ratyp::reduced(part.nu, part.de); }
   static ratyp value(double part) noexcept { return ratyp::floating(part); }
-  static ratyp value(const MixedPart& part) noexcept;
   void encode(const ratyp& part, std::int32_t& place) const noexcept;
   void encode(const ratyp& part, Fraction32& place) const noexcept { place = {part.nu(), part.de()}; }
-  void encode(const ratyp& part, double& place) const noexcept { place = part.fl(); }
+  void encode(const ratyp& part, double& place) const noexcept { place = to_double(part); }
   void encode(const ratyp& part, MixedPart& place) const noexcept { place = mixed(part); }
   void note(const ratyp& part) noexcept;
   /// get in the forms that take more to read.
   ratyp get_other(std::size_t i) const noexcept;
+  ratyp get_mixed(std::size_t i) const noexcept;
 
   Parts parts_;
+  /// In the mixed forms a bit for each part.
+  BitList exact_;
   std::uint32_t size_ = 0;
   std::uint32_t largest_ = 0;
   std::int32_t denominator_ = 1;

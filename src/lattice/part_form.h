@@ -16,7 +16,11 @@ enum class PartForm : std::uint8_t {
   fractions,
   /// 8 bytes.
   doubles,
-  /// A fraction or a double with a byte that tells which.
+  /// Zeros, some exact and some floating: a bit each.
+  mixed_zeros,
+  /// Integers and floating numbers: a double, which holds both, and a bit that tells which.
+  mixed_integers,
+  /// A fraction or a double in 8 bytes, and a bit that tells which.
   mixed
 };
 

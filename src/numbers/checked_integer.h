@@ -4,6 +4,8 @@
 #include <bit>
 #include <cstdint>
 
+#include "numbers/vector_dispatch.h"
+
 namespace kov {
 
 /// The range of every exact integer result, one short of the machine range on both sides and
@@ -13,6 +15,14 @@ inline constexpr std::int32_t nu_min_int = INT32_MIN + 1;
 
 /// Whether an exact result may have this value.
 constexpr bool in_exact_range(std::int64_t value) { return nu_min_int <= value && value <= nu_max_int; }
+
+/// 1 when an integer held by a double is in the exact range, else 0: without a branch, for vectors.
+KOV_INLINE inline unsigned within_exact_range(double x) {
+  return static_cast<unsigned>(x >= double{nu_min_int}) & static_cast<unsigned>(x <= double{nu_max_int});
+}
+KOV_INLINE inline unsigned not_above_exact_range(double x) {
+  return static_cast<unsigned>(x <= double{nu_max_int});
+}
 
 /// Start-up check of the lower limit; throws program_error "nu_min_int<0 necessary" when it is not
 /// negative.

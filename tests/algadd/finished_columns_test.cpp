@@ -21,7 +21,7 @@ TEST(FinishedColumns, TakeTheSmallestForm) {
   EXPECT_EQ(form(std::vector<std::int32_t>{0, lowest_int}), PartForm::integers);
   EXPECT_EQ(form(std::vector<ratyp>{0, 0}), PartForm::zero);
   EXPECT_EQ(form(std::vector<ratyp>{{1, 2}, {1, 3}}), PartForm::integers);
-  EXPECT_EQ(form(std::vector<ratyp>{0, ratyp::floating(0.0)}), PartForm::mixed);
+  EXPECT_EQ(form(std::vector<ratyp>{0, ratyp::floating(0.0)}), PartForm::mixed_zeros);
 }
 
 TEST(FinishedColumns, KeepEveryPart) {

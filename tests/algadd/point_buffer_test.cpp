@@ -43,12 +43,12 @@ ComplexSum<double> present_sum(unsigned kind) {
 }
 template <>
 CountedRealSum present_sum(unsigned kind) {
-  return {present_sum<RealSum<double>>(kind).re, static_cast<PartStates>(kind % 4)};
+  return {present_sum<RealSum<double>>(kind).re, FloatingParts{kind % 4}};
 }
 template <>
 CountedSum present_sum(unsigned kind) {
   const ComplexSum<double> parts = present_sum<ComplexSum<double>>(kind);
-  return {parts.re, parts.im, static_cast<PartStates>(kind % 4)};
+  return {parts.re, parts.im, FloatingParts{kind % 4}};
 }
 template <>
 FractionSum present_sum(unsigned kind) {
@@ -73,7 +73,8 @@ bool same_sum(const Sum& a, const Sum& b) {
     const auto bits = [](double x) { return std::bit_cast<std::uint64_t>(x); };
     bool same = bits(a.re) == bits(b.re);
     if constexpr (requires { a.im; }) same &= bits(a.im) == bits(b.im);
-    if constexpr (requires { a.states; }) same &= a.states == b.states;
+    if constexpr (!std::is_same_v<Sum, RealSum<double>> && !std::is_same_v<Sum, ComplexSum<double>>)
+      same &= a.floating == b.floating;
     return same;
   }
 }
@@ -82,7 +83,9 @@ bool same_sum(const Sum& a, const Sum& b) {
 template <class Sum>
 Sum cancelled_sum() {
   Sum sum{};
-  if constexpr (requires { sum.states; }) sum.states = 0;
+  if constexpr (std::is_same_v<Sum, CountedRealSum> || std::is_same_v<Sum, CountedSum>) {
+    sum.floating = both_floating;
+  }
   if constexpr (std::is_same_v<Sum, cotyp>) sum = cotyp::floating(0.0, 0.0);
   if constexpr (std::is_same_v<Sum, RealSum<double>>) sum.re = -0.0;
   return sum;

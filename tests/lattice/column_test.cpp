@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <random>
@@ -35,6 +36,8 @@ struct FormCase {
   std::vector<ratyp> parts;
   PartForm form;
   std::size_t bytes_a_part;
+  /// Of the states, in words of 8 bytes.
+  std::size_t bytes_of_states = 0;
 };
 
 TEST(Column, OfTakesTheSmallestForm) {
@@ -55,15 +58,18 @@ TEST(Column, OfTakesTheSmallestForm) {
       {{third, rare},                                PartForm::fractions,     8},
       {{ratyp(INT32_MIN, 3), 1},                     PartForm::fractions,     8},
       {{column_double, ratyp::floating(0.0)},        PartForm::doubles,       8},
-      {{column_double, column_half},                 PartForm::mixed,         9},
-      {{ratyp::floating(0.0), 0},                    PartForm::mixed,         9},
+      {{ratyp::floating(0.0), 0},                    PartForm::mixed_zeros,   0, 8},
+      {{column_double, 0, 7},                        PartForm::mixed_integers, 8, 8},
+      {{column_double, INT32_MIN, INT32_MAX},        PartForm::mixed_integers, 8, 8},
+      {{column_double, column_half},                 PartForm::mixed,         8, 8},
+      {{column_double, column_half, 1},              PartForm::mixed,         8, 8},
       // clang-format on
   };
   for (const FormCase& c : cases) {
     const std::string what = "case " + std::to_string(&c - cases);
     const Column column = Column::of(c.parts);
     EXPECT_EQ(column.form(), c.form) << what;
-    EXPECT_EQ(column.bytes(), c.bytes_a_part * c.parts.size()) << what;
+    EXPECT_EQ(column.bytes(), c.bytes_a_part * c.parts.size() + c.bytes_of_states) << what;
     expect_parts(column, c.parts, what);
   }
 }
@@ -77,6 +83,31 @@ TEST(Column, IntegersShareADenominatorAndAreReducedWhenRead) {
   EXPECT_EQ(column.doubles(), nullptr);
   EXPECT_EQ(column.fractions(), nullptr);
   expect_parts(column, {ratyp(1, 2), ratyp(-2, 3), 0, 1}, "sixths");
+}
+
+TEST(Column, IntegersAndDoublesTakeTheFormOfTheirParts) {
+  std::mt19937 engine(7);
+  for (int run = 0; run < 500; ++run) {
+    const std::size_t count = engine() % 200;
+    const auto exact_of_8 = engine() % 9;
+    const auto zeros_of_4 = engine() % 5;
+    std::vector<ratyp> parts(count);
+    for (ratyp& part : parts) {
+      const bool exact = engine() % 8 < exact_of_8;
+      const auto number = engine() % 4 < zeros_of_4 ? 0 : static_cast<std::int32_t>(engine());
+      part = exact ? ratyp(number) : ratyp::floating(0.5 * number);
+    }
+    std::vector<double> values(count);
+    std::transform(parts.begin(), parts.end(), values.begin(), to_double);
+    const Column column = Column::integers_and_doubles(
+        values, BitList::made(count, [&](std::size_t i) { return parts[i].exact(); }));
+    const Column same = Column::of(parts);
+    EXPECT_EQ(column.form(), same.form());
+    EXPECT_EQ(column.bytes(), same.bytes());
+    EXPECT_EQ(column.largest_numerator(), same.largest_numerator());
+    expect_parts(column, parts, "run " + std::to_string(run));
+    if (::testing::Test::HasFailure()) return;
+  }
 }
 
 TEST(Column, ArraysBelongToTheirForm) {
@@ -113,6 +144,16 @@ TEST(Column, TakesTellsWhatTheFormHolds) {
   EXPECT_FALSE(halves.takes(ratyp(1, 3)));
   EXPECT_FALSE(halves.takes(column_double));
   EXPECT_TRUE(Column::integers(std::vector<std::int32_t>{1}).takes(INT32_MIN));
+  const Column zeros = Column::of(std::vector<ratyp>{0, ratyp::floating(0.0)});
+  EXPECT_TRUE(zeros.takes(0));
+  EXPECT_TRUE(zeros.takes(ratyp::floating(0.0)));
+  EXPECT_FALSE(zeros.takes(1));
+  EXPECT_FALSE(zeros.takes(column_double));
+  const Column mixed_integers = Column::of(std::vector<ratyp>{3, column_double});
+  EXPECT_TRUE(mixed_integers.takes(INT32_MIN));
+  EXPECT_TRUE(mixed_integers.takes(column_double));
+  EXPECT_FALSE(mixed_integers.takes(column_half));
+  EXPECT_TRUE(Column::of(std::vector<ratyp>{column_half, column_double}).takes(ratyp(1, 3)));
   EXPECT_FALSE(Column::zero(1).takes(ratyp::floating(0.0)));
   EXPECT_FALSE(Column::floating_zero(1).takes(0));
   EXPECT_TRUE(Column::floating_zero(1).takes(ratyp::floating(-0.0)));
@@ -130,6 +171,41 @@ ratyp random_part(std::mt19937& engine) {
       return static_cast<std::int32_t>(engine());
     default:
       return static_cast<std::int32_t>(engine() % 3) - 1;
+  }
+}
+
+/// Parts of one kind: zeros of both states, integers and doubles, or everything.
+ratyp random_part_of_kind(std::mt19937& engine, int kind) {
+  const auto number = static_cast<std::int32_t>(engine());
+  if (engine() % 2 == 0) return ratyp::floating(kind == 0 ? 0.0 : 0.5 * number);
+  return kind == 2 ? ratyp(number, static_cast<std::int32_t>(engine() % 9 + 1))
+                   : ratyp(kind == 0 ? 0 : number);
+}
+
+TEST(Column, LongMixedColumnsKeepEveryPartThroughEdits) {
+  std::mt19937 engine(6);
+  for (int run = 0; run < 60; ++run) {
+    std::vector<ratyp> parts(engine() % 300 + 2);
+    for (ratyp& part : parts) part = random_part_of_kind(engine, run % 3);
+    parts.front() = 0;
+    parts.back() = ratyp::floating(0.0);
+    Column column = Column::of(parts);
+    for (int i = 0; i < 40; ++i) {
+      const std::size_t at = engine() % parts.size();
+      const ratyp part = random_part_of_kind(engine, run % 3);
+      column.make_fit(part);
+      column.reserve_one();
+      column.insert(at, part);
+      parts.insert(parts.begin() + static_cast<std::ptrdiff_t>(at), part);
+      const std::size_t first = engine() % parts.size();
+      const std::size_t count = std::min<std::size_t>(engine() % 4, parts.size() - first);
+      column.erase(first, count);
+      const auto begin = parts.begin() + static_cast<std::ptrdiff_t>(first);
+      parts.erase(begin, begin + static_cast<std::ptrdiff_t>(count));
+      if (parts.empty()) break;
+      expect_parts(column, parts, "run " + std::to_string(run));
+      if (::testing::Test::HasFailure()) return;
+    }
   }
 }
 
@@ -167,6 +243,8 @@ TEST(Column, PickedSliceAndKeepHaveTheSameParts) {
       {0, 0, 0, 0},
       {1, ratyp(1, 2), 3, 4},
       {column_double, 1, 2, 3},
+      {ratyp(1, 3), column_double, 2, ratyp::floating(0.0)},
+      {0, ratyp::floating(0.0), 0, ratyp::floating(0.0)},
       {column_double, column_double, ratyp::floating(2.0), column_double},
       {ratyp(1, 2147483629), ratyp(1, 3), 5, 6},
       {ratyp::floating(0.0), ratyp::floating(0.0), ratyp::floating(0.0), ratyp::floating(0.0)}};
@@ -180,6 +258,19 @@ TEST(Column, PickedSliceAndKeepHaveTheSameParts) {
     column.shrink();
     expect_parts(column, picked, "kept");
   }
+}
+
+TEST(Column, WithoutMemoryMixedPartsAreAsTheyWere) {
+  std::vector<ratyp> parts(64, 1);
+  parts[5] = column_double;
+  const std::int64_t failures = fail_each_allocation(
+      Column::of(parts),
+      [](Column& column) {
+        column.reserve_one();
+        column.insert(1, column_double);
+      },
+      [&](const Column& column) { expect_parts(column, parts, "as it was"); });
+  EXPECT_GE(failures, 2);
 }
 
 TEST(Column, WithoutMemoryItIsAsItWas) {
