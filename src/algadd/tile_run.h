@@ -76,7 +76,10 @@ class TileRun {
   // Sums that the first-level cache holds beside the sources; and so many that few of their lines are
   // touched.
   static constexpr std::int64_t cells_of_full_tile = std::max<std::int64_t>(1024, 49152 / sizeof(Sum));
-  static constexpr std::int64_t cells_of_marked_tile = sizeof(Sum) > 8 ? 32768 : 65536;
+  static constexpr std::int64_t cells_of_marked_tile = sizeof(Sum) > 16
+                                                           ? 32768
+                                                           : std::min<std::int64_t>(131072,
+                                                                                    1048576 / sizeof(Sum));
   // Of a term: passing it by takes about as long as some ten contributions.
   static constexpr std::size_t points_worth_a_tile = 24;
   static constexpr std::size_t contributions_of_marked_tile = 4096;
@@ -85,7 +88,7 @@ class TileRun {
   void tile(TermPlaces& places, std::int64_t key, std::int64_t end) {
     const std::size_t terms = factors_.size();
     const std::int64_t full_end = std::min(end, key + cells_of_full_tile);
-    if (places.key_behind(1 + cells_of_full_tile / 32 / terms) <= full_end) {
+    if (places.key_behind(1 + cells_of_full_tile / 16 / terms) <= full_end) {
       places.pass(full_end, room_.pieces);
       return scatter(key, full_end);
     }
