@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "algadd/memory_arenas.h"
+#include "algadd/process_memory.h"
 #include "bench/benchmarks.h"
 #include "bench/deleting_run.h"
 #include "bench/table_reporter.h"
@@ -22,7 +22,7 @@ kov::Scale take_scale(std::vector<char*>& arguments) {
 }
 
 int run(std::vector<char*> arguments) {
-  kov::share_memory_arenas();  // as the programs do
+  kov::set_up_process_memory();  // as the programs do
   if (kov::is_deleting_run(arguments)) return kov::perform_deleting_run(arguments);
   const kov::Scale scale = take_scale(arguments);
   auto count = static_cast<int>(arguments.size());

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "algadd/memory_arenas.h"
+#include "algadd/process_memory.h"
 #include "batch/interrupt.h"
 #include "batch/options.h"
 #include "batch/output.h"
@@ -48,7 +48,7 @@ ExitStatus run_options(const Options& options, Output& output, const ScriptedUse
 }  // namespace
 
 ExitStatus run_program(std::span<const char* const> arguments, PictureWriter* pictures) {
-  share_memory_arenas();
+  set_up_process_memory();
   install_signal_handlers();
   DescriptorOutput output(STDOUT_FILENO);
   DescriptorOutput reports(STDERR_FILENO);

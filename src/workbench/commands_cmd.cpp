@@ -3,6 +3,7 @@
 
 #include "algadd/algadd_texts.h"
 #include "algadd/delete_smallest.h"
+#include "algadd/process_memory.h"
 #include "interact/integer_question.h"
 #include "lattice/row_edits.h"
 #include "text/integers.h"
@@ -67,6 +68,7 @@ void copy_part(Workbench& workbench, User user) {
 
 void delete_all(Workbench& workbench, User user) {
   workbench.document.lmap.clear();
+  give_process_memory_back();
   workbench.document.inverted = false;
   workbench.show_status(user.progress);
 }

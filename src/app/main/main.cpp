@@ -2,7 +2,7 @@
 #include <iostream>
 #include <span>
 
-#include "algadd/memory_arenas.h"
+#include "algadd/process_memory.h"
 #include "app/application.h"
 #include "app/kovu1.h"
 #include "app/kovus1.h"
@@ -23,7 +23,7 @@ int main(int argc, char** argv) {
     std::cout << *answer << std::flush;
     return std::cout ? 0 : 1;
   }
-  kov::share_memory_arenas();
+  kov::set_up_process_memory();
   kov::Application application(argc, argv);  // takes the toolkit's own options out
   kov::TF1 F1(kov::start_parameters(arguments(argc, argv)));
   kov::TUF1 UF1(F1);

@@ -1,7 +1,8 @@
-#include "algadd/memory_arenas.h"
+#include "algadd/process_memory.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <atomic>
 #include <cstdio>
 #include <cstdlib>
@@ -11,12 +12,13 @@
 
 #if defined(__GLIBC__)
 #include <malloc.h>
+#include <sys/resource.h>
 #endif
 
 namespace kov {
 namespace {
 
-TEST(MemoryArenas, ThereIsOneAtLeast) { EXPECT_GE(most_memory_arenas(), 1); }
+TEST(ProcessMemory, ThereIsOneAtLeast) { EXPECT_GE(most_memory_arenas(), 1); }
 
 #if defined(__GLIBC__)
 
@@ -34,8 +36,8 @@ std::size_t arena_count() {
   return count;
 }
 
-TEST(MemoryArenas, ThreadsShareThem) {
-  share_memory_arenas();
+TEST(ProcessMemory, ThreadsShareThem) {
+  set_up_process_memory();
   const std::size_t before = arena_count();
   if (before == 0) GTEST_FAIL() << "no report";
   std::atomic<int> waiting = 0;
@@ -49,6 +51,33 @@ TEST(MemoryArenas, ThreadsShareThem) {
   }
   for (std::thread& thread : threads) thread.join();
   EXPECT_LE(arena_count(), std::max(before, static_cast<std::size_t>(most_memory_arenas())));
+}
+
+/// Pages that the system handed out to this thread while it wrote 64 MB in pieces as blocks take them.
+long pages_for_pieces() {
+  const auto pages = [] {
+    rusage usage{};
+    getrusage(RUSAGE_THREAD, &usage);
+    return usage.ru_minflt;
+  };
+  const long before = pages();
+  std::vector<std::vector<char>> pieces;
+  for (int i = 0; i < 4096; ++i) pieces.emplace_back(16384, 'x');
+  return pages() - before;
+}
+
+TEST(ProcessMemory, WhatWasFreedIsThereForTheNextRow) {
+  set_up_process_memory();
+  const long first = pages_for_pieces();
+  const long second = pages_for_pieces();
+  EXPECT_LT(second, std::max(200L, first / 10));
+}
+
+TEST(ProcessMemory, IsGivenBackWhenThatIsAskedFor) {
+  set_up_process_memory();
+  pages_for_pieces();
+  give_process_memory_back();
+  EXPECT_GT(pages_for_pieces(), 8000) << "of 16384 pages of 4 KB";
 }
 
 #endif
