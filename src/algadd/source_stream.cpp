@@ -5,7 +5,10 @@
 #include <optional>
 #include <utility>
 
+#include "lattice/bit_list.h"
 #include "lattice/repacking.h"
+#include "numbers/pick.h"
+#include "text/integers.h"
 
 namespace kov {
 
@@ -24,34 +27,35 @@ class LatticeSorter {
   /// For each lattice its points of the row's block i; nothing where there are none.
   MadeBlocks sorted_out(std::size_t i) const {
     const Block& block = row_.block(i);
-    std::array<std::uint64_t, block_capacity> keys;
-    std::array<std::uint64_t, block_capacity> packed;
-    const std::span all(keys.data(), block.size());
-    block.decode_keys(0, all);
-    std::copy(all.begin(), all.end(), packed.begin());
-    if (repacking_) repacking_->apply(std::span(packed.data(), block.size()));
+    std::array<std::uint64_t, block_capacity> room;
+    const std::span keys(room.data(), block.size());
+    block.decode_keys(0, keys);
+    std::vector<BitList> of_lattices;
+    for (const std::int32_t l : lattices_) of_lattices.push_back(points_of(l, keys));
+    if (repacking_) repacking_->apply(keys);
     MadeBlocks made;
-    for (const std::int32_t l : lattices_) made.push_back(of_lattice(block, l, all, packed));
+    for (const BitList& points : of_lattices) made.push_back(picked(block, keys, points));
     return made;
   }
 
  private:
-  std::unique_ptr<const Block> of_lattice(const Block& block, std::int32_t l,
-                                          std::span<const std::uint64_t> keys,
-                                          std::span<const std::uint64_t> packed) const {
-    std::array<std::uint64_t, block_capacity> taken;
-    std::array<std::uint32_t, block_capacity> indices;
+  BitList points_of(std::int32_t l, std::span<const std::uint64_t> keys) const {
     const KeyFrame& frame = row_.frame();
-    std::size_t count = 0;
-    for (std::size_t i = 0; i < keys.size(); ++i) {
-      taken[count] = packed[i];
-      indices[count] = static_cast<std::uint32_t>(i);
-      count += static_cast<std::size_t>(frame.coordinate(keys[i], l_position) == l);
-    }
+    const int shift = frame.shift_of(l_position);
+    const auto distance = static_cast<std::uint32_t>(wrapping_subtract(l, frame.low(l_position)));
+    const std::uint64_t lattices = (std::uint64_t{1} << frame.bits(l_position)) - 1;
+    if (distance > lattices) return BitList(keys.size());
+    return BitList::equal_to(std::uint64_t{distance} << shift, lattices << shift, keys);
+  }
+
+  static std::unique_ptr<const Block> picked(const Block& block, std::span<const std::uint64_t> keys,
+                                             const BitList& points) {
+    std::array<std::uint64_t, block_capacity> room;
+    const std::size_t count = points.count_ones();
     if (count == 0) return nullptr;
-    const std::span some(indices.data(), count);
-    return std::make_unique<const Block>(std::span<const std::uint64_t>(taken.data(), count),
-                                         block.re().picked(some), block.im().picked(some));
+    pick(keys.data(), keys.size(), points.words(), room.data());
+    return std::make_unique<const Block>(std::span<const std::uint64_t>(room.data(), count),
+                                         block.re().picked(points), block.im().picked(points));
   }
 
   const Row& row_;

@@ -106,23 +106,22 @@ KOV_AVX512 inline void add_points(ComplexSum<Number>* cells, unsigned points,
   }
 }
 
-/// Has the lines of the sixteen numbers so many bytes behind p fetched: each row comes from the memory once,
-/// by pages that the processor does not foresee.
+/// Has the lines of sixteen numbers fetched that lie a page behind p: where the next page begins nobody
+/// foresees it.
 template <class Number>
-KOV_INLINE inline void fetch_ahead(const Number* p) {
-  constexpr std::size_t distance = 4096;
-  const auto here = reinterpret_cast<std::uintptr_t>(p);
+KOV_INLINE inline void fetch_points_ahead(const Number* p) {
+  constexpr std::size_t bytes_ahead = 4096;
   for (std::size_t line = 0; line < points_at_once * sizeof(Number); line += 64) {
-    _mm_prefetch(reinterpret_cast<const char*>(here + distance + line), _MM_HINT_T0);
+    fetch_ahead(p, bytes_ahead + line);
   }
 }
 template <class Values>
-KOV_INLINE inline void fetch_ahead(const Values& values, std::size_t i) {
+KOV_INLINE inline void fetch_points_ahead(const Values& values, std::size_t i) {
   if constexpr (requires { values.re; }) {
-    fetch_ahead(values.re + i);
-    fetch_ahead(values.im + i);
+    fetch_points_ahead(values.re + i);
+    fetch_points_ahead(values.im + i);
   } else {
-    fetch_ahead(values + i);
+    fetch_points_ahead(values + i);
   }
 }
 
@@ -147,8 +146,8 @@ KOV_AVX512 void add_products_avx512(typename Arithmetic::Sum* cells, std::int64_
     const std::size_t most = count - i < points_at_once ? count - i : points_at_once;
     const unsigned known = (1U << most) - 1;
     auto* const to = cells + (first + offsets[i]);
-    fetch_ahead(offsets + i);
-    fetch_ahead(values, i);
+    fetch_points_ahead(offsets + i);
+    fetch_points_ahead(values, i);
     if (const unsigned n = spaced_offsets(offsets + i, known, 1); n == points_at_once) {
       add_points<1>(to, known, factor, values, i);
       i += points_at_once;

@@ -1,6 +1,7 @@
 #include "lattice/bit_list.h"
 
 #include "lattice/spare_memory.h"
+#include "numbers/vector_dispatch.h"
 
 namespace kov {
 namespace {
@@ -13,6 +14,21 @@ constexpr std::uint64_t low_bits(std::size_t count) noexcept { return (std::uint
 BitList::BitList(std::size_t count, bool bit)
     : words_(words_for(count), bit ? ~std::uint64_t{0} : 0), size_(count) {
   cut(count);
+}
+
+BitList BitList::equal_to(std::uint64_t number, std::uint64_t mask, std::span<const std::uint64_t> numbers) {
+  BitList bits(numbers.size());
+  run_loop([&]() KOV_INLINE {
+    for (std::size_t first = 0; first < numbers.size(); first += word_bits) {
+      const std::size_t count = std::min(word_bits, numbers.size() - first);
+      std::uint64_t word = 0;
+      for (std::size_t i = 0; i < count; ++i) {
+        word |= static_cast<std::uint64_t>((numbers[first + i] & mask) == number) << i;
+      }
+      bits.words_[first / word_bits] = word;
+    }
+  });
+  return bits;
 }
 
 std::size_t BitList::count_ones() const noexcept {
@@ -30,6 +46,15 @@ void BitList::set(std::size_t i, bool bit) noexcept {
 BitList& BitList::operator&=(const BitList& other) noexcept {
   for (std::size_t word = 0; word < words_.size(); ++word) words_[word] &= other.words_[word];
   return *this;
+}
+
+BitList BitList::picked(const BitList& which) const {
+  BitList bits(which.count_ones());
+  std::size_t taken = 0;
+  for (std::size_t i = which.next_one(0, size_); i < size_; i = which.next_one(i + 1, size_)) {
+    bits.set(taken++, (*this)[i]);
+  }
+  return bits;
 }
 
 void BitList::reserve_one() {

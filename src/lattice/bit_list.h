@@ -31,6 +31,8 @@ class BitList {
     }
     return bits;
   }
+  /// Which of the numbers are this one, when only the bits of the mask count.
+  static BitList equal_to(std::uint64_t number, std::uint64_t mask, std::span<const std::uint64_t> numbers);
 
   std::size_t size() const noexcept { return size_; }
   /// What the bits take, without what is reserved.
@@ -52,6 +54,8 @@ class BitList {
   void set(std::size_t i, bool bit) noexcept;
   /// Leaves the bits that are set in both lists, which are of one size.
   BitList& operator&=(const BitList& other) noexcept;
+  /// Those of the bits that are set in `which`, of the same size.
+  BitList picked(const BitList& which) const;
 
   /// Gets the memory for one more; insert() then cannot fail.
   void reserve_one();

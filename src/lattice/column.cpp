@@ -11,6 +11,7 @@
 #include "lattice/copied_variant.h"
 #include "lattice/spare_memory.h"
 #include "numbers/checked_integer.h"
+#include "numbers/pick.h"
 #include "numbers/vector_dispatch.h"
 
 namespace kov {
@@ -237,18 +238,16 @@ void Column::decode(std::size_t first, std::span<double> out) const noexcept {
   }
 }
 
-Column Column::picked(std::span<const std::uint32_t> indices) const {
-  Column column = zero(indices.size());
+Column Column::picked(const BitList& which) const {
+  const std::size_t count = which.count_ones();
+  Column column = zero(count);
   column.form_ = form_;
   column.denominator_ = denominator_;
   on_vector(parts_, [&]<class T>(const T& vector) {
-    T& taken = column.parts_.emplace<T>(indices.size());
-    for (std::size_t i = 0; i < indices.size(); ++i) taken[i] = vector[indices[i]];
+    pick(vector.data(), vector.size(), which.words(), column.parts_.emplace<T>(count).data());
   });
   column.largest_ = largest_;
-  if (is_mixed()) {
-    column.exact_ = BitList::made(indices.size(), [&](std::size_t i) { return exact_[indices[i]]; });
-  }
+  if (is_mixed()) column.exact_ = exact_.picked(which);
   return column;
 }
 

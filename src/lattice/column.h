@@ -72,8 +72,8 @@ class Column {
   /// No numerator of the integers or fractions is larger in magnitude. Edits may leave it too large.
   std::uint32_t largest_numerator() const noexcept { return largest_; }
 
-  /// The parts at the indices, in this form.
-  Column picked(std::span<const std::uint32_t> indices) const;
+  /// The parts whose bits are set, in this form; there are as many bits as parts.
+  Column picked(const BitList& which) const;
 
   bool takes(const ratyp& part) const noexcept;
   /// Goes over to a form that takes the part as well, where this one does not.

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
+
 namespace kov {
 
 /// Forces a function into the one that is compiled for a wider vector unit.
@@ -50,6 +53,12 @@ void run_loop_avx512(const Loop& loop) {
 }
 
 #endif
+
+/// Has the line so many bytes behind p fetched from the memory, whether it is part of an array or not. Arrays
+/// of a block are read once each, and are too short for the processor to foresee it.
+KOV_INLINE inline void fetch_ahead(const void* p, std::size_t bytes) {
+  __builtin_prefetch(reinterpret_cast<const void*>(reinterpret_cast<std::uintptr_t>(p) + bytes));
+}
 
 /// Runs loop, a function object marked KOV_INLINE, with the widest vectors that the processor has. The loop
 /// is compiled once for each unit from the one source. The results are the same on all: the loops hold no

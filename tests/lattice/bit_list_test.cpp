@@ -116,6 +116,34 @@ TEST(BitList, EveryPartCanBeErased) {
   }
 }
 
+TEST(BitList, PickedBitsAreThoseThatAreSetInTheOther) {
+  std::mt19937 random(7);
+  for (const std::size_t size : sizes_around_words) {
+    const std::vector<bool> bits = random_bits(random, size);
+    const std::vector<bool> which = random_bits(random, size);
+    std::vector<bool> picked;
+    for (std::size_t i = 0; i < size; ++i) {
+      if (which[i]) picked.push_back(bits[i]);
+    }
+    ASSERT_NO_FATAL_FAILURE(expect_bits(list_of(bits).picked(list_of(which)), picked)) << size;
+  }
+}
+
+TEST(BitList, TellsWhichNumbersAreOne) {
+  std::mt19937_64 random(8);
+  constexpr std::uint64_t mask = std::uint64_t{6} << 40U;
+  for (const std::size_t size : sizes_around_words) {
+    std::vector<std::uint64_t> numbers(size);
+    std::vector<bool> expected(size);
+    for (std::size_t i = 0; i < size; ++i) {
+      numbers[i] = random();
+      expected[i] = (numbers[i] >> 41U & 3U) == 2;
+    }
+    ASSERT_NO_FATAL_FAILURE(expect_bits(BitList::equal_to(std::uint64_t{4} << 40U, mask, numbers), expected))
+        << size;
+  }
+}
+
 TEST(BitList, KeepLeavesTheBitsAtTheIndices) {
   std::mt19937 random(4);
   for (const std::size_t size : sizes_around_words) {
