@@ -15,9 +15,9 @@
 #endif
 
 #include "algadd/counted_arithmetic.h"
-#include "algadd/find_present.h"
 #include "algadd/fraction_sum.h"
 #include "algadd/linear_arithmetic.h"
+#include "algadd/present_cells.h"
 #include "lattice/block.h"
 #include "numbers/vector_dispatch.h"
 
@@ -123,6 +123,17 @@ KOV_AVX512 inline void take_cells(ComplexSum<std::int32_t>* cells, __mmask16 mas
   }
 }
 
+/// For each choice of four cells which of their eight numbers go: both of a cell.
+inline constexpr auto both_numbers = [] {
+  std::array<std::uint8_t, 16> numbers{};
+  for (unsigned cells = 0; cells < numbers.size(); ++cells) {
+    for (unsigned i = 0; i < 4; ++i) {
+      if ((cells >> i & 1U) != 0) numbers[cells] = static_cast<std::uint8_t>(numbers[cells] | 3U << 2 * i);
+    }
+  }
+  return numbers;
+}();
+
 /// Sixteen bytes a cell.
 template <class Sum>
 requires std::same_as<Sum, ComplexSum<double>> || std::same_as<Sum, FractionSum> ||
@@ -132,10 +143,7 @@ requires std::same_as<Sum, ComplexSum<double>> || std::same_as<Sum, FractionSum>
   const __m512d absents = _mm512_broadcast_f64x2(_mm_loadu_pd(reinterpret_cast<const double*>(&absent)));
   for (std::size_t i = 0; i < 16; i += 4, cells += 4) {
     const unsigned some = static_cast<unsigned>(mask) >> i & 0xFU;
-    // Both numbers of a cell go together: 0b1010 becomes 0b11001100.
-    const unsigned apart = (some | some << 2U) & 0x33U;
-    const unsigned pairs = ((apart | apart << 1U) & 0x55U) * 3U;
-    _mm512_storeu_pd(sums, _mm512_maskz_compress_pd(static_cast<__mmask8>(pairs), _mm512_loadu_pd(cells)));
+    _mm512_storeu_pd(sums, _mm512_maskz_compress_pd(both_numbers[some], _mm512_loadu_pd(cells)));
     _mm512_storeu_pd(cells, absents);
     sums += std::popcount(some);
   }

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <cstdint>
 
-#include "algadd/find_present.h"
+#include "algadd/present_cells.h"
 #include "algadd/point_pass.h"
 #include "numbers/vector_dispatch.h"
 

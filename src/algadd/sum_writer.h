@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "algadd/find_present.h"
+#include "algadd/present_cells.h"
 #include "algadd/point_buffer.h"
 #include "algadd/step_plan.h"
 #include "lattice/block.h"

@@ -6,7 +6,7 @@
 #include <memory>
 #include <vector>
 
-#include "algadd/find_present.h"
+#include "algadd/present_cells.h"
 #include "algadd/hashed_sums.h"
 #include "algadd/spaced_points.h"
 #include "algadd/step_plan.h"

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <bit>
+#include <concepts>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -37,20 +38,6 @@ KOV_INLINE inline void for_each_mark(std::uint8_t* marks, std::size_t count, Fun
 // The mask of the cells that hold a point among the next cells_of_line, for the sums that vectors can be made
 // of.
 
-// The first of the two doubles of a cell tells.
-KOV_AVX512 inline __mmask16 present_of_16(const FractionSum* cells) {
-  const __m512d zero = _mm512_setzero_pd();
-  const __m512i first_doubles = _mm512_set_epi64(14, 12, 10, 8, 6, 4, 2, 0);
-  unsigned mask = 0;
-  for (std::size_t half = 0; half < 2; ++half) {
-    const __m512d low = _mm512_loadu_pd(cells + 8 * half);
-    const __m512d high = _mm512_loadu_pd(cells + 8 * half + 4);
-    const __m512d numbers = _mm512_permutex2var_pd(low, first_doubles, high);
-    mask |= static_cast<unsigned>(_mm512_cmp_pd_mask(numbers, zero, _CMP_NEQ_UQ)) << (8 * half);
-  }
-  return static_cast<__mmask16>(mask);
-}
-
 KOV_AVX512 inline __mmask16 present_of_16(const RealSum<std::int32_t>* cells) {
   const __m512i numbers = _mm512_loadu_si512(cells);
   return _mm512_test_epi32_mask(numbers, numbers);
@@ -71,32 +58,29 @@ KOV_AVX512 inline __mmask16 present_of_16(const ComplexSum<std::int32_t>* cells)
   return static_cast<__mmask16>(low_mask | high_mask << 8U);
 }
 
-// Real and imaginary parts lie beside each other: two bits a cell, of which one is enough.
-KOV_AVX512 inline __mmask16 present_of_16(const ComplexSum<double>* cells) {
-  const __m512d zero = _mm512_setzero_pd();
-  unsigned mask = 0;
-  for (std::size_t part = 0; part < 4; ++part) {
-    const unsigned parts = _mm512_cmp_pd_mask(_mm512_loadu_pd(cells + 4 * part), zero, _CMP_NEQ_UQ);
-    unsigned pairs = (parts | parts >> 1U) & 0x55U;
-    pairs = (pairs | pairs >> 1U) & 0x33U;
-    pairs = (pairs | pairs >> 2U) & 0x0FU;
-    mask |= pairs << (4 * part);
-  }
-  return static_cast<__mmask16>(mask);
+/// Which of the first, or of the second, doubles of 8 cells of two each are not zero.
+KOV_AVX512 inline unsigned doubles_present(const void* cells, __m512i places) {
+  const auto* const numbers = static_cast<const double*>(cells);
+  const __m512d some = _mm512_permutex2var_pd(_mm512_loadu_pd(numbers), places, _mm512_loadu_pd(numbers + 8));
+  return _mm512_cmp_pd_mask(some, _mm512_setzero_pd(), _CMP_NEQ_UQ);
 }
 
-// A double and its floating parts lie beside each other: of two bits a cell the lower one tells.
-KOV_AVX512 inline __mmask16 present_of_16(const CountedRealSum* cells) {
-  const __m512d zero = _mm512_setzero_pd();
-  unsigned mask = 0;
-  for (std::size_t part = 0; part < 4; ++part) {
-    const unsigned parts = _mm512_cmp_pd_mask(_mm512_loadu_pd(cells + 4 * part), zero, _CMP_NEQ_UQ);
-    unsigned pairs = parts & 0x55U;
-    pairs = (pairs | pairs >> 1U) & 0x33U;
-    pairs = (pairs | pairs >> 2U) & 0x0FU;
-    mask |= pairs << (4 * part);
-  }
-  return static_cast<__mmask16>(mask);
+KOV_AVX512 inline unsigned first_doubles_present(const void* cells) {
+  return doubles_present(cells, _mm512_set_epi64(14, 12, 10, 8, 6, 4, 2, 0));
+}
+
+// The first double of a cell tells; the second one is a state.
+template <class Sum>
+requires std::same_as<Sum, FractionSum> || std::same_as<Sum, CountedRealSum> KOV_AVX512 inline __mmask16
+present_of_16(const Sum* cells) {
+  return static_cast<__mmask16>(first_doubles_present(cells) | first_doubles_present(cells + 8) << 8U);
+}
+
+KOV_AVX512 inline __mmask16 present_of_16(const ComplexSum<double>* cells) {
+  const __m512i im = _mm512_set_epi64(15, 13, 11, 9, 7, 5, 3, 1);
+  const unsigned low = first_doubles_present(cells) | doubles_present(cells, im);
+  const unsigned high = first_doubles_present(cells + 8) | doubles_present(cells + 8, im);
+  return static_cast<__mmask16>(low | high << 8U);
 }
 
 #endif
