@@ -5,8 +5,8 @@
 #include <cmath>
 #include <cstdint>
 
-#include "algadd/present_cells.h"
 #include "algadd/point_pass.h"
+#include "algadd/present_cells.h"
 #include "numbers/vector_dispatch.h"
 
 namespace kov {

@@ -7,8 +7,8 @@
 #include <utility>
 #include <vector>
 
-#include "algadd/present_cells.h"
 #include "algadd/point_buffer.h"
+#include "algadd/present_cells.h"
 #include "algadd/step_plan.h"
 #include "lattice/block.h"
 #include "lattice/key_box.h"

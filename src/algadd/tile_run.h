@@ -6,8 +6,8 @@
 #include <memory>
 #include <vector>
 
-#include "algadd/present_cells.h"
 #include "algadd/hashed_sums.h"
+#include "algadd/present_cells.h"
 #include "algadd/spaced_points.h"
 #include "algadd/step_plan.h"
 #include "algadd/step_sources.h"
