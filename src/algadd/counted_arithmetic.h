@@ -19,17 +19,8 @@ namespace kov {
 
 // Exact integers and floating numbers side by side, when every exact part of factors and quantities is an
 // integer: doubles hold them all, and a bit for each part tells whether it is still exact. A double gives the
-// bits of the literal reading in both states, since an exact result within 32 bits is a double without
+// bits of AddLpairToLmap_1 in both states, since an exact result within 32 bits is a double without
 // rounding, and beyond them the literal result is the product or sum of the doubles.
-
-/// The states of both parts: bit 0 is set while the real part is exact, bit 1 while the imaginary part is.
-using PartStates = std::uint8_t;
-inline constexpr PartStates both_exact = 3;
-
-inline PartStates states_of(const cotyp& q) {
-  return static_cast<PartStates>(static_cast<unsigned>(q.re.exact()) | static_cast<unsigned>(q.im.exact())
-                                                                           << 1U);
-}
 
 /// The floating parts of a sum or a product; none in a new one, which is all zeros.
 using FloatingParts = std::uint64_t;
@@ -38,7 +29,7 @@ inline constexpr FloatingParts im_floating = 2;
 inline constexpr FloatingParts both_floating = 3;
 
 inline FloatingParts floating_parts_of(const cotyp& q) {
-  return both_floating & ~FloatingParts{states_of(q)};
+  return (q.re.exact() ? 0 : re_floating) | (q.im.exact() ? 0 : im_floating);
 }
 
 /// 1 when an integer is beyond the exact range, else 0. The range reaches as far to both sides of -1/2, so

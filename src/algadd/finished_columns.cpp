@@ -37,10 +37,6 @@ Column finished_column(std::span<const double> parts) {
   return all_zero(parts) ? Column::floating_zero(parts.size()) : Column::doubles(parts);
 }
 
-Column finished_column(std::span<const std::int32_t> parts) {
-  return all_zero(parts) ? Column::zero(parts.size()) : Column::integers(parts);
-}
-
 Column finished_column(std::span<const double> parts, BitList exact) {
   require_finite_parts(parts);
   return Column::integers_and_doubles(parts, std::move(exact));

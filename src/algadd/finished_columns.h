@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <span>
 
 #include "lattice/column.h"
@@ -10,8 +9,6 @@ namespace kov {
 
 /// Floating parts of a new row. Throws floating_overflow when one is not finite.
 Column finished_column(std::span<const double> parts);
-/// Exact integers of a new row.
-Column finished_column(std::span<const std::int32_t> parts);
 /// Exact integers of a new row where exact has a bit, floating parts elsewhere. Throws floating_overflow when
 /// one is not finite.
 Column finished_column(std::span<const double> parts, BitList exact);

@@ -57,9 +57,6 @@ class HashedSums {
 
   HashedSums() { make(smallest_table); }
 
-  /// The number of keys.
-  std::size_t size() const { return count_; }
-
   /// f(places), which may ask for the sums of up to count keys; there are less than 2^30 altogether.
   template <class Function>
   KOV_INLINE inline void take(std::size_t count, const Function& f) {

@@ -131,7 +131,7 @@ struct ComplexArithmetic {
   }
 };
 
-/// Whether products are of numbers in vectors, and sums nothing but theirs.
+/// Whether products can be made by vectors of numbers, and sums need nothing but an addition.
 template <class Arithmetic>
 inline constexpr bool is_linear = false;
 template <class Numbers>

@@ -1,37 +1,22 @@
 #pragma once
 
+#include <array>
 #include <bit>
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 
 #if defined(__x86_64__)
 #include <immintrin.h>
 #endif
 
+#include "algadd/cell_lines.h"
 #include "algadd/counted_arithmetic.h"
 #include "algadd/fraction_sum.h"
 #include "algadd/linear_arithmetic.h"
 #include "numbers/vector_dispatch.h"
 
 namespace kov {
-
-/// Cells that are looked at together: a touched cell marks its line.
-inline constexpr std::size_t cells_of_line = 16;
-
-/// f(i) for every marks[i] that is 1, ascending; makes it 0. count is a multiple of 8.
-template <class Function>
-KOV_INLINE inline void for_each_mark(std::uint8_t* marks, std::size_t count, Function&& f) {
-  for (std::size_t i = 0; i < count; i += 8) {
-    std::uint64_t word = 0;
-    std::memcpy(&word, marks + i, sizeof word);
-    if (word == 0) continue;
-    std::memset(marks + i, 0, sizeof word);
-    if constexpr (std::endian::native == std::endian::big) word = __builtin_bswap64(word);
-    for (; word != 0; word &= word - 1) f(i + static_cast<std::size_t>(std::countr_zero(word)) / 8);
-  }
-}
 
 #if defined(__x86_64__)
 
@@ -81,6 +66,59 @@ KOV_AVX512 inline __mmask16 present_of_16(const ComplexSum<double>* cells) {
   const unsigned low = first_doubles_present(cells) | doubles_present(cells, im);
   const unsigned high = first_doubles_present(cells + 8) | doubles_present(cells + 8, im);
   return static_cast<__mmask16>(low | high << 8U);
+}
+
+// Each writes those of 16 cells whose bits are set one behind the other, makes all of them absent, and may
+// write anything behind, up to 16 sums.
+
+KOV_AVX512 inline void take_cells(RealSum<std::int32_t>* cells, __mmask16 mask, RealSum<std::int32_t>* sums) {
+  _mm512_storeu_si512(sums, _mm512_maskz_compress_epi32(mask, _mm512_loadu_si512(cells)));
+  _mm512_storeu_si512(cells, _mm512_setzero_si512());
+}
+
+KOV_AVX512 inline void take_cells(RealSum<double>* cells, __mmask16 mask, RealSum<double>* sums) {
+  for (std::size_t i = 0; i < 16; i += 8, cells += 8) {
+    const auto some = static_cast<__mmask8>(mask >> i);
+    _mm512_storeu_pd(sums, _mm512_maskz_compress_pd(some, _mm512_loadu_pd(cells)));
+    _mm512_storeu_pd(cells, _mm512_setzero_pd());
+    sums += std::popcount(some);
+  }
+}
+
+KOV_AVX512 inline void take_cells(ComplexSum<std::int32_t>* cells, __mmask16 mask,
+                                  ComplexSum<std::int32_t>* sums) {
+  for (std::size_t i = 0; i < 16; i += 8, cells += 8) {
+    const auto some = static_cast<__mmask8>(mask >> i);
+    _mm512_storeu_si512(sums, _mm512_maskz_compress_epi64(some, _mm512_loadu_si512(cells)));
+    _mm512_storeu_si512(cells, _mm512_setzero_si512());
+    sums += std::popcount(some);
+  }
+}
+
+/// For each choice of four cells which of their eight numbers go: both of a cell.
+inline constexpr auto both_numbers = [] {
+  std::array<std::uint8_t, 16> numbers{};
+  for (unsigned cells = 0; cells < numbers.size(); ++cells) {
+    for (unsigned i = 0; i < 4; ++i) {
+      if ((cells >> i & 1U) != 0) numbers[cells] = static_cast<std::uint8_t>(numbers[cells] | 3U << 2 * i);
+    }
+  }
+  return numbers;
+}();
+
+/// Sixteen bytes a cell.
+template <class Sum>
+requires std::same_as<Sum, ComplexSum<double>> || std::same_as<Sum, FractionSum> ||
+    std::same_as<Sum, CountedRealSum>
+        KOV_AVX512 inline void take_cells(Sum* cells, __mmask16 mask, Sum* sums) {
+  const Sum absent{};
+  const __m512d absents = _mm512_broadcast_f64x2(_mm_loadu_pd(reinterpret_cast<const double*>(&absent)));
+  for (std::size_t i = 0; i < 16; i += 4, cells += 4) {
+    const unsigned some = static_cast<unsigned>(mask) >> i & 0xFU;
+    _mm512_storeu_pd(sums, _mm512_maskz_compress_pd(both_numbers[some], _mm512_loadu_pd(cells)));
+    _mm512_storeu_pd(cells, absents);
+    sums += std::popcount(some);
+  }
 }
 
 #endif

@@ -9,7 +9,6 @@ namespace kov {
 /// (D. E. Knuth, The Art of Computer Programming 3, section 5.2.4). A run is merged with the one before it as
 /// soon as that one is not longer; so each item takes part in no more merges than the logarithm of the number
 /// of runs, and in about one where the runs become shorter and shorter. Keys that are equal keep their order.
-/// room is memory for the shorter runs.
 template <class Item>
 class RunMerge {
  public:
@@ -54,6 +53,7 @@ class RunMerge {
 
   /// Where the runs begin that are not yet merged.
   std::vector<std::size_t> runs_;
+  /// The last run, out of the way while it is merged.
   std::vector<Item> room_;
 };
 

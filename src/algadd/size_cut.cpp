@@ -5,8 +5,8 @@
 #include <cmath>
 #include <cstdint>
 
+#include "algadd/cell_lines.h"
 #include "algadd/point_pass.h"
-#include "algadd/present_cells.h"
 #include "numbers/vector_dispatch.h"
 
 namespace kov {
@@ -42,7 +42,7 @@ class SizeCounts {
   }
 
   void add(std::span<const double> sizes) {
-    std::array<std::uint8_t, 512> inside{};
+    std::array<std::uint8_t, sizes_at_once> inside{};
     std::size_t below = 0;
     run_loop([&]() KOV_INLINE {
       for (std::size_t i = 0; i < sizes.size(); ++i) {

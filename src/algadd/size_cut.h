@@ -18,10 +18,13 @@ namespace kov {
 // everywhere else it compares the doubles itself. A sum of two squares of finite numbers is no NaN and no
 // -0.0, at most an infinity, the largest.
 
+/// So many are looked at together; a multiple of 8.
+inline constexpr std::size_t sizes_at_once = 512;
+
 /// Calls visit(first, sizes) for the points of a block in key order, some at a time.
 template <class Visit>
 void for_each_size(const Block& block, const Visit& visit) {
-  std::array<double, 512> room;
+  std::array<double, sizes_at_once> room;
   for (std::size_t first = 0; first < block.size(); first += room.size()) {
     const auto sizes = std::span(room).first(std::min(room.size(), block.size() - first));
     decode_squares(block, first, sizes);

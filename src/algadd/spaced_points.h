@@ -70,11 +70,11 @@ template <std::size_t parts, std::size_t stride, class Number, class Vector>
 KOV_AVX512 inline void add_spaced(Number* cells, Vector re, Vector im) {
   constexpr std::size_t lanes = wide_lanes<Number>;
   if constexpr (parts * stride == 1) {
-    store_wide(cells, sum(load_wide(cells), re));
+    store_wide(cells, wide_sum(load_wide(cells), re));
   } else {
     constexpr const auto& to = spaced_lanes<Number, parts, stride>;
     for (std::size_t i = 0; i < to.vectors; ++i, cells += lanes) {
-      store_wide(cells, sum(load_wide(cells), picked(to.taken[i], re, to.index[i].data(), im)));
+      store_wide(cells, wide_sum(load_wide(cells), wide_picked(to.taken[i], re, to.index[i].data(), im)));
     }
   }
 }
@@ -84,8 +84,8 @@ template <std::size_t stride, class Number>
 KOV_AVX512 inline void add_points(RealSum<Number>* cells, unsigned points, Number factor,
                                   const Number* values, std::size_t i) {
   constexpr std::size_t lanes = wide_lanes<Number>;
-  for (std::size_t j = 0; j < points_at_once; j += lanes) {
-    const auto re = product(wide(factor), load_wide(points >> j, values + i + j));
+  for (std::size_t j = 0; j < points_at_once && points >> j != 0; j += lanes) {
+    const auto re = wide_product(wide(factor), load_wide(points >> j, values + i + j));
     add_spaced<1, stride>(&cells[j * stride].re, re, re);
   }
 }
@@ -97,11 +97,11 @@ KOV_AVX512 inline void add_points(ComplexSum<Number>* cells, unsigned points,
   constexpr std::size_t lanes = wide_lanes<Number>;
   const auto p_re = wide(factor.re);
   const auto p_im = wide(factor.im);
-  for (std::size_t j = 0; j < points_at_once; j += lanes) {
+  for (std::size_t j = 0; j < points_at_once && points >> j != 0; j += lanes) {
     const auto q_re = load_wide(points >> j, values.re + i + j);
     const auto q_im = load_wide(points >> j, values.im + i + j);
-    const auto re = difference(product(p_re, q_re), product(p_im, q_im));
-    const auto im = sum(product(p_im, q_re), product(p_re, q_im));
+    const auto re = wide_difference(wide_product(p_re, q_re), wide_product(p_im, q_im));
+    const auto im = wide_sum(wide_product(p_im, q_re), wide_product(p_re, q_im));
     add_spaced<2, stride>(&cells[j * stride].re, re, im);
   }
 }
@@ -174,10 +174,8 @@ void add_products(typename Arithmetic::Sum* cells, std::int64_t first, const std
                   std::size_t count, const typename Arithmetic::Factor& factor,
                   const typename Arithmetic::Values& values) {
 #if defined(__x86_64__)
-  if constexpr (requires { add_points<1>(cells, 0U, factor, values, count); }) {
-    if (vector_unit() == VectorUnit::avx512) {
-      return add_products_avx512<Arithmetic>(cells, first, offsets, count, factor, values);
-    }
+  if (vector_unit() == VectorUnit::avx512) {
+    return add_products_avx512<Arithmetic>(cells, first, offsets, count, factor, values);
   }
 #endif
   add_one_by_one<Arithmetic>(cells, first, offsets, 0, count, factor, values);

@@ -19,7 +19,10 @@ namespace kov {
 ///   product    Factor times one of the Values
 ///   add        Sum += product, where a sum that reaches zero is an absent point again
 ///   columns    the parts of many sums, none of them absent; throws floating_overflow when one is not finite
-///   Prepared   in some: a source block made ready, once a step for all terms
+///   Room       memory of one thread for Values that do not stand in the columns
+///   Prepared   in some instead: a source block made ready, once a step for all terms
+///   for_each_product   in some: all products of a piece, faster than one by one
+///   add_products       in some: all products of a piece added to their cells
 using StepArithmetic =
     std::variant<RealArithmetic<IntegerNumbers>, ComplexArithmetic<IntegerNumbers>,
                  RealArithmetic<DoubleNumbers>, ComplexArithmetic<DoubleNumbers>, CountedRealArithmetic,

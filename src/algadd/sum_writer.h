@@ -7,9 +7,10 @@
 #include <utility>
 #include <vector>
 
+#include "algadd/cell_lines.h"
 #include "algadd/point_buffer.h"
-#include "algadd/present_cells.h"
 #include "algadd/step_plan.h"
+#include "algadd/take_lines.h"
 #include "lattice/block.h"
 #include "lattice/key_box.h"
 

@@ -6,8 +6,9 @@
 #include <memory>
 #include <vector>
 
+#include "algadd/cell_lines.h"
+#include "algadd/cells_of_points.h"
 #include "algadd/hashed_sums.h"
-#include "algadd/present_cells.h"
 #include "algadd/spaced_points.h"
 #include "algadd/step_plan.h"
 #include "algadd/step_sources.h"
@@ -31,10 +32,12 @@ struct TileRoom {
 
   /// Makes sure of so many cells, and of what belongs to them.
   void make_cells(std::size_t count) {
-    const std::size_t whole_words = count + 8 * cells_of_line;
-    if (cells.size() >= whole_words) return;
-    cells.resize(whole_words);
-    marks.resize(whole_words / cells_of_line + 8);
+    constexpr std::size_t cells_behind = 8 * cells_of_line;
+    static_assert(cells_behind >= cells_behind_points);
+    const std::size_t padded = count + cells_behind;
+    if (cells.size() >= padded) return;
+    cells.resize(padded);
+    marks.resize(padded / cells_of_line + 8);
   }
 };
 
@@ -55,7 +58,6 @@ class TileRun {
   TileRun(const StepPlan& plan, const Arithmetic& arithmetic, const StepSources<Arithmetic>& sources,
           TileRoom<Arithmetic>& room, std::vector<BoundedBlock>& blocks)
       : plan_(plan),
-        arithmetic_(arithmetic),
         sources_(sources),
         room_(room),
         writer_(std::make_unique<SumWriter<Arithmetic>>(plan, arithmetic, blocks)) {
@@ -73,16 +75,15 @@ class TileRun {
   using Factor = typename Arithmetic::Factor;
   using Values = typename Arithmetic::Values;
 
-  // Sums that the first-level cache holds beside the sources; and so many that few of their lines are
-  // touched.
-  static constexpr std::int64_t cells_of_full_tile = std::max<std::int64_t>(1024, 49152 / sizeof(Sum));
-  static constexpr std::int64_t cells_of_marked_tile = sizeof(Sum) > 16
-                                                           ? 32768
-                                                           : std::min<std::int64_t>(131072,
-                                                                                    1048576 / sizeof(Sum));
+  // Sums of 48 KB, which the first-level cache holds; and of 1 MB at most, which the second-level cache
+  // holds, of which only marked lines are looked at.
+  static constexpr std::int64_t cells_of_full_tile = 49152 / sizeof(Sum);
+  static constexpr std::int64_t cells_of_marked_tile = std::min<std::int64_t>(131072, 1048576 / sizeof(Sum));
   // Of a term: passing it by takes about as long as some ten contributions.
   static constexpr std::size_t points_worth_a_tile = 24;
+  // More would hit most lines of their range: a full tile is better there.
   static constexpr std::size_t contributions_of_marked_tile = 4096;
+  // So that a table of their keys stays in the second-level cache.
   static constexpr std::size_t contributions_to_hash = 8192;
 
   void tile(TermPlaces& places, std::int64_t key, std::int64_t end) {
@@ -203,7 +204,6 @@ class TileRun {
   }
 
   const StepPlan& plan_;
-  const Arithmetic& arithmetic_;
   const StepSources<Arithmetic>& sources_;
   TileRoom<Arithmetic>& room_;
   std::vector<typename Arithmetic::Factor> factors_;

@@ -22,7 +22,8 @@ class KeyFrame {
   /// The smallest frame of a box, which is not empty; its steps do not matter. Nothing when it takes more
   /// than 64 bits.
   static std::optional<KeyFrame> for_box(const KeyBox& box);
-  /// The same with room for the box to grow on both sides where positions vary: keys that go beyond it little
+  /// The same with room for the box to grow on both sides where positions vary, but
+  /// for the lattice index, which does not grow step by step: keys that go beyond it little
   /// by little need a new frame as seldom as a vector needs new memory. Keys that lie within 32 bits of each
   /// other without the room do so with it.
   static std::optional<KeyFrame> with_room(const KeyBox& box);

@@ -17,6 +17,15 @@ namespace kov {
 template <class T>
 void pick(const T* from, std::size_t count, const std::uint64_t* bits, T* to);
 
+template <class T>
+void pick_plain(const T* from, std::size_t count, const std::uint64_t* bits, T* to) {
+  for (std::size_t first = 0; first < count; first += 64) {
+    for (std::uint64_t word = bits[first / 64]; word != 0; word &= word - 1) {
+      *to++ = from[first + static_cast<std::size_t>(std::countr_zero(word))];
+    }
+  }
+}
+
 #if defined(__x86_64__)
 
 template <class T>
@@ -49,11 +58,7 @@ void pick(const T* from, std::size_t count, const std::uint64_t* bits, T* to) {
 #if defined(__x86_64__)
   if (vector_unit() == VectorUnit::avx512) return pick_avx512(from, count, bits, to);
 #endif
-  for (std::size_t first = 0; first < count; first += 64) {
-    for (std::uint64_t word = bits[first / 64]; word != 0; word &= word - 1) {
-      *to++ = from[first + static_cast<std::size_t>(std::countr_zero(word))];
-    }
-  }
+  pick_plain(from, count, bits, to);
 }
 
 }  // namespace kov

@@ -33,18 +33,18 @@ KOV_AVX512 inline void store_wide(double* p, __m512d v) { _mm512_storeu_pd(p, v)
 KOV_AVX512 inline __m512i wide(std::int32_t x) { return _mm512_set1_epi32(x); }
 KOV_AVX512 inline __m512d wide(double x) { return _mm512_set1_pd(x); }
 
-KOV_AVX512 inline __m512i sum(__m512i a, __m512i b) { return _mm512_add_epi32(a, b); }
-KOV_AVX512 inline __m512d sum(__m512d a, __m512d b) { return _mm512_add_pd(a, b); }
-KOV_AVX512 inline __m512i difference(__m512i a, __m512i b) { return _mm512_sub_epi32(a, b); }
-KOV_AVX512 inline __m512d difference(__m512d a, __m512d b) { return _mm512_sub_pd(a, b); }
-KOV_AVX512 inline __m512i product(__m512i a, __m512i b) { return _mm512_mullo_epi32(a, b); }
-KOV_AVX512 inline __m512d product(__m512d a, __m512d b) { return _mm512_mul_pd(a, b); }
+KOV_AVX512 inline __m512i wide_sum(__m512i a, __m512i b) { return _mm512_add_epi32(a, b); }
+KOV_AVX512 inline __m512d wide_sum(__m512d a, __m512d b) { return _mm512_add_pd(a, b); }
+KOV_AVX512 inline __m512i wide_difference(__m512i a, __m512i b) { return _mm512_sub_epi32(a, b); }
+KOV_AVX512 inline __m512d wide_difference(__m512d a, __m512d b) { return _mm512_sub_pd(a, b); }
+KOV_AVX512 inline __m512i wide_product(__m512i a, __m512i b) { return _mm512_mullo_epi32(a, b); }
+KOV_AVX512 inline __m512d wide_product(__m512d a, __m512d b) { return _mm512_mul_pd(a, b); }
 
 /// Lane i of the result is lane index[i] of a, or of b behind it; zero where the bit of lanes is not set.
-KOV_AVX512 inline __m512i picked(unsigned lanes, __m512i a, const std::int32_t* index, __m512i b) {
+KOV_AVX512 inline __m512i wide_picked(unsigned lanes, __m512i a, const std::int32_t* index, __m512i b) {
   return _mm512_maskz_permutex2var_epi32(static_cast<__mmask16>(lanes), a, _mm512_load_si512(index), b);
 }
-KOV_AVX512 inline __m512d picked(unsigned lanes, __m512d a, const std::int64_t* index, __m512d b) {
+KOV_AVX512 inline __m512d wide_picked(unsigned lanes, __m512d a, const std::int64_t* index, __m512d b) {
   return _mm512_maskz_permutex2var_pd(static_cast<__mmask8>(lanes), a, _mm512_load_si512(index), b);
 }
 

@@ -17,8 +17,6 @@ TEST(FinishedColumns, TakeTheSmallestForm) {
   const auto form = [](const auto& parts) { return finished_column(std::span(parts)).form(); };
   EXPECT_EQ(form(std::vector<double>{0.0, 0.0}), PartForm::floating_zero);
   EXPECT_EQ(form(std::vector<double>{0.0, 1e-320}), PartForm::doubles);
-  EXPECT_EQ(form(std::vector<std::int32_t>{0, 0, 0}), PartForm::zero);
-  EXPECT_EQ(form(std::vector<std::int32_t>{0, lowest_int}), PartForm::integers);
   EXPECT_EQ(form(std::vector<ratyp>{0, 0}), PartForm::zero);
   EXPECT_EQ(form(std::vector<ratyp>{{1, 2}, {1, 3}}), PartForm::integers);
   EXPECT_EQ(form(std::vector<ratyp>{0, ratyp::floating(0.0)}), PartForm::mixed_zeros);

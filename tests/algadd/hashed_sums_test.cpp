@@ -27,7 +27,6 @@ TraceMap drained(HashedSums<Trace>& sums) {
     before = key;
     map[key] = sum.added;
   });
-  EXPECT_EQ(sums.size(), 0U);
   return map;
 }
 
@@ -55,7 +54,6 @@ TEST(HashedSums, EachKeyGathersItsOwnInOrder) {
         }
       });
     }
-    ASSERT_EQ(sums.size(), expected.size());
     ASSERT_EQ(drained(sums), expected) << "tile " << tile;
   }
 }

@@ -76,8 +76,14 @@ class SpacedPoints : public ::testing::Test {
     }
     const std::int64_t first = 100 - (count == 0 ? 0 : std::int64_t{offsets[0]});
     const std::size_t used = count == 0 ? 0 : static_cast<std::size_t>(first + offsets.back() + 1);
-    std::vector<Sum> cells(used + cells_behind_points);
+    // Cells that must stay as they are follow those that may take zeros.
+    constexpr std::size_t guards = 64;
+    std::vector<Sum> cells(used + cells_behind_points + guards);
     for (Sum& cell : cells) cell = random() % 3 == 0 ? Sum{} : some_sum(random, Sum{});
+    if constexpr (std::is_same_v<Number, double>) {
+      // A zero more would show.
+      for (std::size_t i = cells.size() - guards; i < cells.size(); ++i) cells[i].re = -0.0;
+    }
     std::vector<Sum> expected = cells;
     add_products<Arithmetic>(cells.data(), first, offsets.data(), count, factor, values);
     add_one_by_one<Arithmetic>(expected.data(), first, offsets.data(), 0, count, factor, values);

@@ -125,6 +125,21 @@ TEST_P(TileRunTest, FewPointsGiveTheLiteralRow) {
   }
 }
 
+TEST_P(TileRunTest, EvenlySpacedPointsGiveTheLiteralRow) {
+  std::mt19937_64 random(3);
+  PlannedStep::Points points;
+  std::int32_t k1 = 0;
+  for (const std::int32_t spacing : {1, 2, 3, 2, 1, 4}) {
+    for (int i = 0; i < 1500; ++i) {
+      k1 += i % 100 == 99 ? 7 : spacing;
+      points.emplace_back(Lk::at(0, 0, k1), tile_quantity(GetParam(), random));
+    }
+  }
+  const PlannedStep step(points, {entry_of(1, 1), entry_of(2, -1), entry_of(-2, 200), entry_of(5, 0)});
+  const LiteralStore expected = literal_row(step.algadd(), 0, literal_copy(step.lmap()), 0);
+  EXPECT_TRUE(identical(in_parts(step.plan(), {0, TermPlaces::no_key}), expected));
+}
+
 TEST_P(TileRunTest, DenseAndSparsePartsMayFollowEachOther) {
   std::mt19937_64 random(2);
   PlannedStep::Points points;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <bit>
 #include <random>
 #include <vector>
 
@@ -202,6 +203,17 @@ TEST(KeyFrame, AreEqualWhenTheyPackAlike) {
   EXPECT_EQ(KeyFrame::for_box(frame_box({{0, 3}})), KeyFrame::for_box(frame_box({{0, 2}})));
   EXPECT_NE(KeyFrame::for_box(frame_box({{0, 3}})), KeyFrame::for_box(frame_box({{0, 4}})));
   EXPECT_NE(KeyFrame::for_box(frame_box({{0, 3}})), KeyFrame::for_box(frame_box({{1, 4}})));
+}
+
+TEST(KeyFrame, TheLatticeIndexTakesNoRoom) {
+  for (const std::int32_t last : {0, 1, 6, 7}) {
+    KeyBox box = frame_box({{0, 100}, {0, 100}});
+    box.min.coo[l_position] = 0;
+    box.max.coo[l_position] = last;
+    const auto frame = KeyFrame::with_room(box);
+    ASSERT_TRUE(frame);
+    EXPECT_EQ(frame->bits(l_position), std::bit_width(static_cast<unsigned>(last))) << last;
+  }
 }
 
 }  // namespace

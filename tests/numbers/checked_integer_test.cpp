@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <thread>
 
 #include "numbers/errors.h"
@@ -203,6 +204,18 @@ TEST(InExactRange, EndsOneShortOfTheMachineRange) {
   for (const std::int64_t outside : {2147483647L, -2147483648L, INT64_MAX, INT64_MIN}) {
     EXPECT_FALSE(in_exact_range(outside)) << outside;
   }
+}
+
+TEST(WithinExactRange, HoldsForDoublesAtTheSameEnds) {
+  for (const double inside : {0.0, 2147483646.0, -2147483647.0})
+    EXPECT_EQ(within_exact_range(inside), 1U) << inside;
+  for (const double outside : {2147483647.0, -2147483648.0, 1e300, -1e300, std::nan("")}) {
+    EXPECT_EQ(within_exact_range(outside), 0U) << outside;
+  }
+  EXPECT_EQ(not_above_exact_range(2147483646.0), 1U);
+  EXPECT_EQ(not_above_exact_range(-1e300), 1U);
+  EXPECT_EQ(not_above_exact_range(2147483647.0), 0U);
+  EXPECT_EQ(not_above_exact_range(std::nan("")), 0U);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 #include <vector>
 
@@ -25,6 +26,9 @@ void expect_picked(std::size_t count, unsigned once_in) {
   pick(from.data(), count, bits.data(), to.data());
   expected.resize(to.size(), T{77});
   ASSERT_EQ(to, expected) << count << ", one in " << once_in;
+  std::fill(to.begin(), to.end(), T{77});
+  pick_plain(from.data(), count, bits.data(), to.data());
+  ASSERT_EQ(to, expected) << count << ", one in " << once_in << ", one by one";
 }
 
 TEST(Pick, TakesTheElementsWhoseBitsAreSet) {

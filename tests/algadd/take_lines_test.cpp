@@ -1,4 +1,4 @@
-#include "algadd/point_buffer.h"
+#include "algadd/take_lines.h"
 
 #include <gtest/gtest.h>
 
@@ -93,7 +93,7 @@ Sum cancelled_sum() {
 
 /// Cells whose points are taken, and what is to come of them.
 template <class Sum>
-class PointBufferTest : public ::testing::Test {
+class TakeLinesTest : public ::testing::Test {
  protected:
   /// Fills count cells, each a point once in so many times; what lies behind them is absent.
   void fill(std::size_t count, unsigned once_in) {
@@ -160,9 +160,9 @@ class PointBufferTest : public ::testing::Test {
 
 using AllSums = ::testing::Types<RealSum<std::int32_t>, ComplexSum<std::int32_t>, RealSum<double>,
                                  ComplexSum<double>, CountedRealSum, CountedSum, FractionSum, cotyp>;
-TYPED_TEST_SUITE(PointBufferTest, AllSums);
+TYPED_TEST_SUITE(TakeLinesTest, AllSums);
 
-TYPED_TEST(PointBufferTest, TakesAllPointsInTheirOrder) {
+TYPED_TEST(TakeLinesTest, TakesAllPointsInTheirOrder) {
   for (const unsigned once_in : {1U, 2U, 20U, 1000000U}) {
     for (std::size_t count = 0; count <= 100; ++count) {
       this->fill(count, once_in);
@@ -172,7 +172,7 @@ TYPED_TEST(PointBufferTest, TakesAllPointsInTheirOrder) {
   }
 }
 
-TYPED_TEST(PointBufferTest, MakesFullBlocks) {
+TYPED_TEST(TakeLinesTest, MakesFullBlocks) {
   for (const unsigned once_in : {1U, 3U}) {
     this->fill(5 * block_capacity + 77, once_in);
     this->take_all(std::uint64_t{1} << 40U);
@@ -180,7 +180,7 @@ TYPED_TEST(PointBufferTest, MakesFullBlocks) {
   }
 }
 
-TYPED_TEST(PointBufferTest, KeysThatLieFarApartStandWhole) {
+TYPED_TEST(TakeLinesTest, KeysThatLieFarApartStandWhole) {
   for (const std::uint64_t far :
        {std::uint64_t{0xFFFFFF00}, std::uint64_t{1} << 32U, std::uint64_t{1} << 50U}) {
     this->points->append(7, present_sum<TypeParam>(1));
@@ -193,7 +193,19 @@ TYPED_TEST(PointBufferTest, KeysThatLieFarApartStandWhole) {
   }
 }
 
-TYPED_TEST(PointBufferTest, LooksAtTheLinesThatAreGiven) {
+TYPED_TEST(TakeLinesTest, IsNearAgainWhenItHasBeenEmptied) {
+  const TypeParam sum = present_sum<TypeParam>(1);
+  const std::uint64_t farthest = 7 + std::uint64_t{std::numeric_limits<std::uint32_t>::max()};
+  this->points->append(7, sum);
+  EXPECT_TRUE(this->points->takes_offsets(8, farthest));
+  EXPECT_FALSE(this->points->takes_offsets(8, farthest + 1));
+  EXPECT_FALSE(this->points->takes_offsets(8, 9)) << "all stand whole from then on";
+  this->take_block();
+  EXPECT_EQ(this->taken, (std::vector<std::uint64_t>{7}));
+  EXPECT_TRUE(this->points->takes_offsets(farthest + 1, farthest + 2));
+}
+
+TYPED_TEST(TakeLinesTest, LooksAtTheLinesThatAreGiven) {
   constexpr std::size_t lines = 64;
   for (const unsigned once_in : {1U, 5U, 200U}) {
     for (int times = 0; times < 50; ++times) {
@@ -217,15 +229,6 @@ TYPED_TEST(PointBufferTest, LooksAtTheLinesThatAreGiven) {
       EXPECT_EQ(marks, std::vector<std::uint8_t>(lines)) << "the marks are taken away";
     }
   }
-}
-
-TEST(ForEachMark, GoesThroughAllInTheirOrder) {
-  std::vector<std::uint8_t> marks(48);
-  for (const std::size_t i : {0U, 7U, 8U, 30U, 47U}) marks[i] = 1;
-  std::vector<std::size_t> seen;
-  for_each_mark(marks.data(), marks.size(), [&](std::size_t i) KOV_INLINE { seen.push_back(i); });
-  EXPECT_EQ(seen, (std::vector<std::size_t>{0, 7, 8, 30, 47}));
-  EXPECT_EQ(marks, std::vector<std::uint8_t>(48));
 }
 
 }  // namespace
