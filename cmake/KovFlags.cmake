@@ -11,7 +11,7 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
 endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   # g++ 12 sees overlapping copies in any "text" + std::string that it inlines, and uninitialized operands in its
-  # own functions for vectors, and means nothing by either. The second compiler looks for both.
+  # own functions for vectors, and means nothing by either. The second compiler looks for what it knows of both.
   target_compile_options(kov_flags INTERFACE -Wno-restrict -Wno-maybe-uninitialized)
 endif()
 target_include_directories(kov_flags INTERFACE ${CMAKE_SOURCE_DIR}/src)

@@ -157,7 +157,8 @@ void put_ranges(TextBuffer& out, const Document& document) {
 }
 
 bool put_lattices(TextBuffer& out, const Document& document, const AfterPoints& after_points) {
-  // Writing takes a third of the time, and is one thread's work: more threads would wait for it.
+  // Writing is one thread's work, and takes as long as making the lines takes one to three threads: more
+  // would wait.
   constexpr int most_threads = 4;
   const Lmap& lmap = document.lmap;
   out.line();

@@ -9,8 +9,8 @@
 
 namespace kov {
 
-/// One bit for each part of a column, 64 to a word. Bits behind the last one are 0. What changes many
-/// bits takes a few operations for each word behind the first of them.
+/// One bit for each part of a column, 64 to a word. Bits behind the last one are 0. insert,
+/// erase and &= take a few operations for each word behind the first that changes.
 class BitList {
  public:
   /// Bits in a word.

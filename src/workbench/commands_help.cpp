@@ -1,6 +1,7 @@
 #include <array>
 #include <string>
 
+#include "algadd/process_memory.h"
 #include "algadd/state_report.h"
 #include "workbench/command_groups.h"
 #include "workbench/compilation_date.h"
@@ -18,6 +19,7 @@ void show_info(Workbench&, User user) {
 void show_state(Workbench& workbench, User user) {
   const std::string report = state_report(workbench.document.lmap, workbench.document.algadd);
   if (!user.questions.all_or_ok(report + memory_probe_offer)) return;
+  give_process_memory_back();
   user.messages.information(allocatable_text(allocatable_megabytes()));
 }
 

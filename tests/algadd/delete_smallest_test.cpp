@@ -268,6 +268,31 @@ TEST(DeleteSmallest, FindsTheCutAmongNeighbouringSizes) {
   }
 }
 
+// Long enough for a sample, cut within points of one size that fill several blocks.
+TEST(DeleteSmallest, EqualsTheSortedSetOnLongRowsOfFewSizes) {
+  std::mt19937_64 random(20212);
+  for (const std::int32_t percent : {1, 30, 50, 99}) {
+    Lmap lmap;
+    LiteralStore literal;
+    for (std::int32_t k = 0; k < 40000; ++k) {
+      const auto size = static_cast<std::int32_t>(random() % 5) + 1;
+      const cotyp q = random() % 2 == 0 ? cotyp(-size, 0) : cotyp::floating(0.0, size);
+      lmap.set(Lk::at(0, 0, k), q);
+      literal.insert_or_assign(Lk::at(0, 0, k), q);
+    }
+    HookedProgress progress;
+    delete_smallest_of_nlast(lmap, percent, progress);
+    literal_delete_smallest(literal, percent);
+    ASSERT_EQ(lmap.count(), literal.size());
+    auto point = lmap.begin();
+    for (const auto& [key, q] : literal) {
+      ASSERT_EQ(point.key(), key) << percent;
+      ASSERT_EQ(point.quantity(), q) << percent;
+      ++point;
+    }
+  }
+}
+
 TEST(DeleteSmallest, EqualsTheSortedSetOnRandomRows) {
   std::mt19937_64 random(20211);
   for (int round = 0; round < 2000; ++round) {
