@@ -157,8 +157,8 @@ void put_ranges(TextBuffer& out, const Document& document) {
 }
 
 bool put_lattices(TextBuffer& out, const Document& document, const AfterPoints& after_points) {
-  // Writing is one thread's work, and takes as long as making the lines takes one to three threads: more
-  // would wait.
+  // Writing is one thread's work, and takes about as long as making the lines: more threads would wait for
+  // it.
   constexpr int most_threads = 4;
   const Lmap& lmap = document.lmap;
   out.line();
