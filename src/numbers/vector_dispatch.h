@@ -57,7 +57,9 @@ void run_loop_avx512(const Loop& loop) {
 /// Has the line so many bytes behind p fetched from the memory, whether it is part of an array or not. Arrays
 /// of a block are read once each, and are too short for the processor to foresee it.
 KOV_INLINE inline void fetch_ahead(const void* p, std::size_t bytes) {
-  __builtin_prefetch(reinterpret_cast<const void*>(reinterpret_cast<std::uintptr_t>(p) + bytes));
+  const std::uintptr_t address = reinterpret_cast<std::uintptr_t>(p) + bytes;
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): a pointer may not go behind its array
+  __builtin_prefetch(reinterpret_cast<const void*>(address));
 }
 
 /// Runs loop, a function object marked KOV_INLINE, with the widest vectors that the processor has. The loop
