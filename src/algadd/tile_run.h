@@ -94,8 +94,9 @@ class TileRun {
       return scatter(key, full_end);
     }
     // Not far into a denser part of the row.
-    const std::int64_t marked_end = std::min(
-        {end, key + cells_of_marked_tile, places.key_behind(1 + contributions_of_marked_tile / terms)});
+    const std::size_t most_points = std::max(points_worth_a_tile, 1 + contributions_of_marked_tile / terms);
+    const std::int64_t marked_end =
+        std::min({end, key + cells_of_marked_tile, places.key_behind(most_points)});
     if (places.key_behind(points_worth_a_tile) <= marked_end) {
       places.pass(marked_end, room_.pieces);
       return scatter_marked(key, marked_end);
